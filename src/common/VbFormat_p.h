@@ -1,0 +1,21 @@
+// Internal seam between the number side of Format (VbFormat.cpp) and its date side
+// (VbDateFormat.cpp). Not installed.
+#pragma once
+
+#include "common/VbLocale.h"
+
+#include <QDateTime>
+#include <QString>
+
+namespace VemoGridLib::vb::detail {
+
+/// True when the format (all its sections) is a date format: a named date format ("General
+/// Date", "Long Date", "Medium Date", "Short Date", "Long Time", "Medium Time", "Short Time") or
+/// a format whose first section holds a date token (d, m, y, h, n, s, w, q, AM/PM outside quotes
+/// and escapes).
+bool isDateFormat(const QString& format);
+
+/// Formats a date with a date format (§11); named date formats included.
+QString formatDateTime(const QDateTime& value, const QString& format, VbLocale locale);
+
+} // namespace VemoGridLib::vb::detail

@@ -1,0 +1,32 @@
+#include "common/VemoError.h"
+
+namespace VemoGridLib {
+
+VemoError::VemoError(qint32 number, const QString& description)
+    : std::runtime_error(description.toStdString())
+    , m_number(number)
+    , m_description(description)
+{
+}
+
+VemoError VemoError::invalidProcedureCall()
+{
+    return VemoError(InvalidProcedureCall, QStringLiteral("Invalid procedure call or argument"));
+}
+
+VemoError VemoError::overflow()
+{
+    return VemoError(Overflow, QStringLiteral("Overflow"));
+}
+
+VemoError VemoError::subscriptOutOfRange()
+{
+    return VemoError(SubscriptOutOfRange, QStringLiteral("Subscript out of range"));
+}
+
+VemoError VemoError::typeMismatch()
+{
+    return VemoError(TypeMismatch, QStringLiteral("Type mismatch"));
+}
+
+} // namespace VemoGridLib
