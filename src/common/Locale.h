@@ -17,6 +17,10 @@ VEMOGRIDLIB_EXPORT quint32 lcidFromLocaleName(const QString& localeName);
 /// LANG; read on every call, never cached.
 VEMOGRIDLIB_EXPORT quint32 systemDefaultLcid();
 
+/// The user default locale identifier that VB's conversions follow (vb-semantics.md): the first
+/// set of LC_ALL, LC_TIME, LANG; kept apart from the system locale of the messages.
+VEMOGRIDLIB_EXPORT quint32 userDefaultLcid();
+
 /// Part 1.12: 0 (Simplified Chinese) for 2052, 1 (Traditional Chinese) for 1028, 2 (English)
 /// for any other system locale; read on every call.
 VEMOGRIDLIB_EXPORT LanguageIndex languageIndex();

@@ -13,7 +13,7 @@ enum class VbLocale {
 };
 
 /// VB's conversions follow the *user* default locale, read from the environment on every call
-/// (the first set of LC_ALL, LC_TIME, LANG): zh_CN gives ZhCN, anything else EnUS. This is kept
+/// (userDefaultLcid()): 2052 gives ZhCN, anything else EnUS. This is kept
 /// apart from the *system* locale that chooses the message language (Part 1.12).
 VEMOGRIDLIB_EXPORT VbLocale userLocale();
 

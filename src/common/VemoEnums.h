@@ -1,10 +1,12 @@
 // The enumerations of the spec's Overview ("Shared types and helpers"), with their values.
 #pragma once
 
+#include "common/VemoGridLibExport.h"
+
 #include <QtCore/qobjectdefs.h>
 
 namespace VemoGridLib {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(VEMOGRIDLIB_EXPORT)
 
 /// Editing type of a grid column (Overview; Part 1.2).
 enum VemoGridColType : int {

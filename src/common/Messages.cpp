@@ -1,0 +1,125 @@
+#include "common/Messages.h"
+
+#include "common/Locale.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace VemoGridLib {
+
+namespace {
+
+// The texts of Part 1.12, indexed by language; kept exactly as the original program wrote them.
+Message refusedEmptyLine(LanguageIndex language)
+{
+    switch (language) {
+    case SimplifiedChinese:
+        return {QStringLiteral("不允许添加空行!"), QStringLiteral("提示"), MessageIcon::Information};
+    case TraditionalChinese:
+        return {QStringLiteral("不允許添加空行!"), QStringLiteral("提示"), MessageIcon::Information};
+    case English:
+        break;
+    }
+    return {QStringLiteral("Do not allow add a null line!"), QStringLiteral("PROMPT"),
+            MessageIcon::Information};
+}
+
+Message badOperator(LanguageIndex language)
+{
+    switch (language) {
+    case SimplifiedChinese:
+        return {QStringLiteral("运算符错误!"), QStringLiteral("提示"), MessageIcon::Critical};
+    case TraditionalChinese:
+        return {QStringLiteral("運算符錯誤!"), QStringLiteral("提示"), MessageIcon::Critical};
+    case English:
+        break;
+    }
+    // The English operator message has no title of its own, deliberately.
+    return {QStringLiteral("Operator ERROR"), QString(), MessageIcon::Critical};
+}
+
+void showMessageBox(const Message& message)
+{
+    // Without a QApplication there is no screen to show a box on; the call is then a no-op.
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return;
+    const QString title =
+        message.title.isEmpty() ? QApplication::applicationDisplayName() : message.title;
+    QMessageBox box(message.icon == MessageIcon::Critical ? QMessageBox::Critical
+                                                          : QMessageBox::Information,
+                    title, message.text, QMessageBox::Ok, QApplication::activeWindow());
+    box.exec();
+}
+
+bool openWithDesktopServices(const QString& target)
+{
+    return QDesktopServices::openUrl(QUrl::fromUserInput(target));
+}
+
+// The two replaceable handlers of ARCHITECTURE.md: the only process-wide state of the library.
+MessageHandler& installedMessageHandler()
+{
+    static MessageHandler handler = showMessageBox;
+    return handler;
+}
+
+ShellOpenHandler& installedShellOpenHandler()
+{
+    static ShellOpenHandler handler = openWithDesktopServices;
+    return handler;
+}
+
+} // namespace
+
+Message messageText(MessageId id, LanguageIndex language)
+{
+    switch (id) {
+    case MessageId::RefusedEmptyLine:
+        return refusedEmptyLine(language);
+    case MessageId::BadOperator:
+        break;
+    }
+    return badOperator(language);
+}
+
+Message localizedMessage(MessageId id)
+{
+    // Part 1.12 reads the index twice: 0 first, then 1 on a second call.
+    if (languageIndex() == SimplifiedChinese)
+        return messageText(id, SimplifiedChinese);
+    return messageText(id, languageIndex() == TraditionalChinese ? TraditionalChinese : English);
+}
+
+void showMessage(const Message& message)
+{
+    installedMessageHandler()(message);
+}
+
+void showMessage(MessageId id)
+{
+    showMessage(localizedMessage(id));
+}
+
+MessageHandler setMessageHandler(MessageHandler handler)
+{
+    MessageHandler previous = std::move(installedMessageHandler());
+    installedMessageHandler() = handler ? std::move(handler) : MessageHandler(showMessageBox);
+    return previous;
+}
+
+bool shellOpen(const QString& target)
+{
+    return installedShellOpenHandler()(target);
+}
+
+ShellOpenHandler setShellOpenHandler(ShellOpenHandler handler)
+{
+    ShellOpenHandler previous = std::move(installedShellOpenHandler());
+    installedShellOpenHandler() =
+        handler ? std::move(handler) : ShellOpenHandler(openWithDesktopServices);
+    return previous;
+}
+
+} // namespace VemoGridLib
