@@ -29,4 +29,19 @@ VemoError VemoError::typeMismatch()
     return VemoError(TypeMismatch, QStringLiteral("Type mismatch"));
 }
 
+VemoError VemoError::badFileNameOrNumber()
+{
+    return VemoError(BadFileNameOrNumber, QStringLiteral("Bad file name or number"));
+}
+
+VemoError VemoError::deviceIoError()
+{
+    return VemoError(DeviceIoError, QStringLiteral("Device I/O error"));
+}
+
+VemoError VemoError::pathFileAccessError()
+{
+    return VemoError(PathFileAccessError, QStringLiteral("Path/File access error"));
+}
+
 } // namespace VemoGridLib

@@ -23,8 +23,10 @@ public:
         Overflow = 6,
         SubscriptOutOfRange = 9,
         TypeMismatch = 13,
+        BadFileNameOrNumber = 52,
         FileNotFound = 53,
         BadFileMode = 54,
+        DeviceIoError = 57,
         PathFileAccessError = 75,
         InvalidKey = 35603,
     };
@@ -44,6 +46,12 @@ public:
     static VemoError subscriptOutOfRange();
     /// VB run-time error 13, "Type mismatch".
     static VemoError typeMismatch();
+    /// VB run-time error 52, "Bad file name or number": a write to a file that is not open.
+    static VemoError badFileNameOrNumber();
+    /// VB run-time error 57, "Device I/O error": the write itself failed.
+    static VemoError deviceIoError();
+    /// VB run-time error 75, "Path/File access error": the file cannot be opened.
+    static VemoError pathFileAccessError();
 
 private:
     qint32 m_number;

@@ -1,0 +1,52 @@
+// Part 1.8: the Excel version 2 worksheet (BIFF2) writer.
+#pragma once
+
+#include "common/VemoGridLibExport.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace VemoGridLib {
+
+/// Part 1.8: writes a BIFF2 worksheet record by record: `OpenFile` writes the BOF record, each
+/// `EWrite*` one cell record, `CloseFile` the EOF record. Rows and columns are one-based; the
+/// records hold them zero-based. Every failure throws VemoError and writes nothing of the record.
+/// Destroying an open writer closes the file without writing the EOF record.
+class VEMOGRIDLIB_EXPORT ExcelFile {
+public:
+    /// Part 1.8: a writer with no open file.
+    ExcelFile();
+    /// Part 1.8: closes an open file as it stands (no EOF record), as VB does at teardown.
+    ~ExcelFile();
+    ExcelFile(const ExcelFile&) = delete;
+    ExcelFile& operator=(const ExcelFile&) = delete;
+
+    /// Part 1.8: opens `FileName` for binary read/write at offset 0 without truncating it (an
+    /// existing longer file keeps its trailing bytes) and writes the BOF record. A file already
+    /// open is closed first, without EOF. Throws VemoError 75 "Path/File access error" when the
+    /// file cannot be opened; the writer then has no open file.
+    void OpenFile(const QString& FileName);
+    /// Part 1.8: writes the EOF record and closes the file. Throws VemoError 52 "Bad file name or
+    /// number" without an open file, 57 "Device I/O error" when the data cannot be written.
+    void CloseFile();
+
+    /// Part 1.8: writes a LABEL record of `value` converted to the system ANSI code page at
+    /// one-based (`Row`, `Col`). Throws VemoError 6 "Overflow" when `Row` < 1, `Col` < 1 or the
+    /// text has more than 247 bytes; 52 without an open file; 57 on a write failure.
+    void EWriteString(short Row, unsigned char Col, const QString& value);
+    /// Part 1.8: writes an INTEGER record of `value` at one-based (`Row`, `Col`). Throws
+    /// VemoError 6 "Overflow" when `value` is outside 0..65535, `Row` < 1 or `Col` < 1; 52
+    /// without an open file; 57 on a write failure.
+    void EWriteInteger(short Row, unsigned char Col, int value);
+    /// Part 1.8: writes a NUMBER record of `value` (IEEE 754 double) at one-based (`Row`,
+    /// `Col`). Throws VemoError 6 "Overflow" when `Row` < 1 or `Col` < 1; 52 without an open
+    /// file; 57 on a write failure.
+    void EWriteFloat(short Row, unsigned char Col, double value);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace VemoGridLib

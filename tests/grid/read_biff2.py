@@ -1,0 +1,43 @@
+#!/usr/bin/env python3
+"""Reads a BIFF2 worksheet with xlrd and prints each non-empty cell as
+row<TAB>col<TAB>ctype<TAB>value (zero-based row and column, xlrd's cell type, the value).
+
+Usage: read_biff2.py FILE [ENCODING]
+ENCODING is the code page of the LABEL texts (default cp1252): a BIFF2 file
+without a CODEPAGE record does not say which one it used.
+
+Part 1.8 writes the BOF document type as 10 (0x000A), where BIFF2 names a
+worksheet 0x0010; xlrd refuses any other type, so the copy handed to xlrd
+has that one field corrected. The file itself is only read.
+"""
+import sys
+
+import xlrd
+
+BOF_DOCUMENT_TYPE = slice(6, 8)
+SPEC_DOCUMENT_TYPE = b"\x0a\x00"
+WORKSHEET_DOCUMENT_TYPE = b"\x10\x00"
+
+
+def main():
+    path = sys.argv[1]
+    encoding = sys.argv[2] if len(sys.argv) > 2 else "cp1252"
+    with open(path, "rb") as stream:
+        data = bytearray(stream.read())
+    if data[BOF_DOCUMENT_TYPE] == SPEC_DOCUMENT_TYPE:
+        data[BOF_DOCUMENT_TYPE] = WORKSHEET_DOCUMENT_TYPE
+    book = xlrd.open_workbook(file_contents=bytes(data), encoding_override=encoding)
+    sheet = book.sheet_by_index(0)
+    out = open(sys.stdout.fileno(), "w", encoding="utf-8", closefd=False)
+    for row in range(sheet.nrows):
+        for col in range(sheet.ncols):
+            ctype = sheet.cell_type(row, col)
+            if ctype != xlrd.XL_CELL_EMPTY:
+                value = sheet.cell_value(row, col)
+                text = repr(value) if ctype == xlrd.XL_CELL_NUMBER else value
+                out.write("%d\t%d\t%d\t%s\n" % (row, col, ctype, text))
+    out.flush()
+
+
+if __name__ == "__main__":
+    main()
