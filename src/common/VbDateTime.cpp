@@ -1,0 +1,556 @@
+// VB runtime subset: date serials, DateSerial, IsDate/CDate, DateAdd, DateDiff, Weekday
+// (vb-semantics.md §1, §9, §13). CStr(date) lives with the date formatter in VbDateFormat.cpp.
+#include "common/VbDateTime.h"
+
+#include "common/VbFormat_p.h"
+#include "common/VemoError.h"
+
+#include <QHash>
+#include <QList>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace VemoGridLib::vb {
+
+namespace {
+
+constexpr qint64 kJulianDayOfSerialZero = 2415019; // 1899-12-30
+constexpr double kMinSerial = -657434.0;           // 0100-01-01
+constexpr double kMaxSerial = 2958465.0;           // 9999-12-31
+constexpr qint64 kMsPerDay = 86400000;
+
+QDate serialZeroDate()
+{
+    return QDate::fromJulianDay(kJulianDayOfSerialZero);
+}
+
+// The calendar day of a VB Date argument; an invalid (null) QDateTime is VB's empty date,
+// serial 0.
+QDate dateOf(const QDateTime& value)
+{
+    return value.date().isValid() ? value.date() : serialZeroDate();
+}
+
+QDateTime makeDate(QDate date, QTime time = QTime(0, 0))
+{
+    return QDateTime(date, time, Qt::UTC);
+}
+
+bool isVbYear(qint64 year)
+{
+    return year >= 100 && year <= 9999;
+}
+
+qint64 floorDiv(qint64 a, qint64 b)
+{
+    const qint64 q = a / b;
+    return (a % b != 0 && ((a < 0) != (b < 0))) ? q - 1 : q;
+}
+
+// Round to the nearest whole number, exact halves to the even neighbour (VB's rounding of
+// counts; independent of the floating-point rounding mode).
+double roundHalfEven(double x)
+{
+    const double lower = std::floor(x);
+    const double diff = x - lower;
+    if (diff > 0.5)
+        return lower + 1.0;
+    if (diff < 0.5)
+        return lower;
+    return std::fmod(lower, 2.0) == 0.0 ? lower : lower + 1.0;
+}
+
+// The two-digit year window of Windows 10 1903 and later: 00–49 → 2000–2049, 50–99 →
+// 1950–1999 (§9).
+int expandTwoDigitYear(int year)
+{
+    if (year >= 0 && year < 50)
+        return year + 2000;
+    if (year >= 50 && year < 100)
+        return year + 1900;
+    return year;
+}
+
+// The date a year and month index (months since year 0, month 0 = January) fall on, with the
+// day clamped to the month's length; invalid when the year leaves 100..9999.
+QDate clampedDate(qint64 monthIndex, int day)
+{
+    const qint64 year = floorDiv(monthIndex, 12);
+    if (!isVbYear(year))
+        return QDate();
+    const int month = int(monthIndex - year * 12) + 1;
+    const int last = QDate(int(year), month, 1).daysInMonth();
+    return QDate(int(year), month, std::min(day, last));
+}
+
+// ---------------------------------------------------------------------------------------------
+// The lenient date parser of IsDate / CDate (§9).
+
+// What stood between an element and the one before it.
+enum class Sep { None, Blank, Slash, Dash, Comma, Colon, Dot };
+
+struct Element
+{
+    enum Kind { Number, Month, AmPm } kind;
+    int value; // the number; the month 1..12; 1 for PM and 0 for AM
+    Sep sep;   // the separator before this element
+};
+
+bool isBlank(QChar c)
+{
+    return c == u' ' || c == u'\t' || c == QChar(0x3000);
+}
+
+Sep punctuation(QChar c)
+{
+    switch (c.unicode()) {
+    case u'/':
+        return Sep::Slash;
+    case u'-':
+        return Sep::Dash;
+    case u',':
+        return Sep::Comma;
+    case u':':
+        return Sep::Colon;
+    case u'.':
+        return Sep::Dot;
+    default:
+        return Sep::None;
+    }
+}
+
+bool isTimeSep(Sep s)
+{
+    return s == Sep::Colon || s == Sep::Dot;
+}
+
+// The words the parser knows, lower case: month names (from the formatter's own tables, so
+// that what Format writes CDate reads back) and AM/PM designators.
+struct Words
+{
+    QHash<QString, int> months;
+    QHash<QString, int> amPm;
+};
+
+const Words& wordsFor(VbLocale locale)
+{
+    static const std::array<Words, 2> tables = [] {
+        std::array<Words, 2> t;
+        for (int m = 1; m <= 12; ++m) {
+            const QDateTime first = makeDate(QDate(2000, m, 1));
+            for (const char* fmt : {"mmmm", "mmm"}) {
+                const QString name =
+                    detail::formatDateTime(first, QLatin1String(fmt), VbLocale::EnUS).toLower();
+                t[0].months.insert(name, m);
+                t[1].months.insert(name, m);
+            }
+            // zh-CN: "一月" .. "十二月"; the "1月" .. "12月" forms are read by the tokenizer.
+            t[1].months.insert(
+                detail::formatDateTime(first, QStringLiteral("mmmm"), VbLocale::ZhCN), m);
+        }
+        for (Words& w : t) {
+            w.amPm.insert(QStringLiteral("am"), 0);
+            w.amPm.insert(QStringLiteral("a"), 0);
+            w.amPm.insert(QStringLiteral("pm"), 1);
+            w.amPm.insert(QStringLiteral("p"), 1);
+        }
+        // zh-CN also reads its own designators, 上午 and 下午.
+        for (const int pm : {0, 1}) {
+            const QDateTime time = makeDate(serialZeroDate(), QTime(pm * 12, 0));
+            t[1].amPm.insert(detail::formatDateTime(time, QStringLiteral("AMPM"), VbLocale::ZhCN),
+                             pm);
+        }
+        return t;
+    }();
+    return tables[locale == VbLocale::ZhCN ? 1 : 0];
+}
+
+// Splits the text into numbers, month names and AM/PM, each with the separator before it.
+// Fails on anything else, on two punctuation separators in a row, and on a punctuation
+// separator at either end.
+bool tokenize(const QString& text, VbLocale locale, QList<Element>& out)
+{
+    const Words& words = wordsFor(locale);
+    Sep pending = Sep::None;
+    const qsizetype n = text.size();
+    qsizetype i = 0;
+    auto push = [&](Element::Kind kind, int value) {
+        if (out.isEmpty() && pending != Sep::None && pending != Sep::Blank)
+            return false; // a leading '-', '/', '.', ...
+        out.append({kind, value, out.isEmpty() ? Sep::None : pending});
+        pending = Sep::None;
+        return true;
+    };
+    while (i < n) {
+        const QChar c = text.at(i);
+        if (isBlank(c)) {
+            if (pending == Sep::None)
+                pending = Sep::Blank;
+            ++i;
+        } else if (const Sep p = punctuation(c); p != Sep::None) {
+            if (pending != Sep::None && pending != Sep::Blank)
+                return false;
+            pending = p;
+            ++i;
+        } else if (c >= u'0' && c <= u'9') {
+            qint64 value = 0;
+            const qsizetype start = i;
+            while (i < n && text.at(i) >= u'0' && text.at(i) <= u'9') {
+                value = value * 10 + (text.at(i).unicode() - u'0');
+                if (++i - start > 9)
+                    return false; // no date field is that long
+            }
+            if (locale == VbLocale::ZhCN && i < n && text.at(i) == QChar(0x6708)) { // "1月"
+                ++i;
+                if (value < 1 || value > 12 || !push(Element::Month, int(value)))
+                    return false;
+            } else if (!push(Element::Number, int(value))) {
+                return false;
+            }
+        } else if (c.isLetter()) {
+            const qsizetype start = i;
+            while (i < n && text.at(i).isLetter())
+                ++i;
+            const QString word = text.mid(start, i - start).toLower();
+            if (const auto m = words.months.constFind(word); m != words.months.cend()) {
+                if (!push(Element::Month, *m))
+                    return false;
+            } else if (const auto a = words.amPm.constFind(word); a != words.amPm.cend()) {
+                if (!push(Element::AmPm, *a))
+                    return false;
+            } else {
+                return false;
+            }
+        } else {
+            return false;
+        }
+    }
+    return pending == Sep::None || pending == Sep::Blank;
+}
+
+bool isValidDay(int day, int month, int year)
+{
+    return month >= 1 && month <= 12 && day >= 1 && year >= 100 && year <= 9999 &&
+           day <= QDate(year, month, 1).daysInMonth();
+}
+
+// The orders three date values can be read in: which position holds the day, month and year.
+struct Order
+{
+    int day, month, year;
+};
+constexpr Order MDY{1, 0, 2}, DMY{0, 1, 2}, YMD{2, 1, 0}, YDM{1, 2, 0}, MYD{2, 0, 1}, DYM{0, 2, 1};
+
+bool sameOrder(const Order& a, const Order& b)
+{
+    return a.day == b.day && a.month == b.month;
+}
+
+// Builds the date from two or three date values (one of which may be a month name at
+// monthPos). The locale's order is tried first (en-US M/D/Y, zh-CN Y/M/D), then the orders
+// compatible with it, then the rest, as oleaut32's VarDateFromStr does.
+bool buildDate(const QList<int>& values, int monthPos, VbLocale locale, QDate& out)
+{
+    static const QList<Order> enUs{MDY, YMD, MYD, DYM, YDM, DMY};
+    static const QList<Order> zhCn{YMD, MDY, MYD, DYM, YDM, DMY};
+    const QList<Order>& priority = locale == VbLocale::ZhCN ? zhCn : enUs;
+
+    QList<Order> allowed;
+    switch (monthPos) {
+    case 0:
+        allowed = {MDY, MYD};
+        break;
+    case 1:
+        allowed = {DMY, YMD};
+        break;
+    case 2:
+        allowed = {YDM, DYM};
+        break;
+    default:
+        // Without a month name: month/day orders, and year first with three numbers. M/Y/D is
+        // not tried: "2 32 3" is no date on Windows (§9).
+        allowed = {MDY, DMY};
+        if (values.size() == 3)
+            allowed.append(YMD);
+    }
+
+    std::array<int, 3> v{};
+    for (int k = 0; k < values.size(); ++k)
+        v[k] = values[k];
+    auto attempt = [&](const QList<Order>& orders) {
+        for (const Order& o : priority) {
+            if (std::none_of(orders.begin(), orders.end(),
+                             [&](const Order& a) { return sameOrder(a, o); }))
+                continue;
+            const int year = expandTwoDigitYear(v[o.year]);
+            if (isValidDay(v[o.day], v[o.month], year)) {
+                out = QDate(year, v[o.month], v[o.day]);
+                return true;
+            }
+        }
+        return false;
+    };
+
+    if (values.size() == 3)
+        return attempt(allowed);
+    // Two values: month and day of the current year ...
+    v[2] = QDate::currentDate().year();
+    if (attempt(allowed))
+        return true;
+    // ... else month and year, on the 1st ("30 2" → 2030-02-01); a month name stays a month.
+    v[2] = 1;
+    QList<Order> monthYear;
+    if (monthPos != 0)
+        monthYear.append(YMD);
+    if (monthPos != 1)
+        monthYear.append(MYD);
+    return attempt(monthYear);
+}
+
+bool parseDate(const QString& text, VbLocale locale, QDateTime& result)
+{
+    QList<Element> e;
+    if (!tokenize(text, locale, e) || e.isEmpty())
+        return false;
+    const int n = int(e.size());
+
+    // The time: numbers joined by ':' or '.', or one number followed by AM/PM.
+    int timeStart = -1, timeEnd = -1; // [timeStart, timeEnd) numbers of the time
+    for (int k = 1; k < n; ++k) {
+        if (!isTimeSep(e[k].sep))
+            continue;
+        if (e[k].kind != Element::Number || e[k - 1].kind != Element::Number)
+            return false;
+        if (timeStart < 0)
+            timeStart = k - 1;
+        else if (timeEnd != k)
+            return false; // two times
+        timeEnd = k + 1;
+    }
+    int amPm = -1; // index of the AM/PM element
+    for (int k = 0; k < n; ++k) {
+        if (e[k].kind != Element::AmPm)
+            continue;
+        if (amPm >= 0 || k == 0 || e[k - 1].kind != Element::Number)
+            return false;
+        if (timeStart < 0) {
+            timeStart = k - 1;
+            timeEnd = k;
+        } else if (timeEnd != k) {
+            return false;
+        }
+        amPm = k;
+    }
+
+    int hour = 0, minute = 0, second = 0;
+    const int blockEnd = amPm >= 0 ? amPm + 1 : timeEnd; // the time with its AM/PM
+    if (timeStart >= 0) {
+        if (timeStart > 0 && blockEnd < n)
+            return false; // a time between date parts
+        if ((timeStart > 0 && e[timeStart].sep != Sep::Blank) ||
+            (blockEnd < n && e[blockEnd].sep != Sep::Blank))
+            return false; // date and time are split by a blank
+        const int count = timeEnd - timeStart;
+        if (count > 3)
+            return false; // fractional seconds
+        int fields[3] = {0, 0, 0};
+        bool allZero = true, dotsOnly = true;
+        for (int k = 0; k < count; ++k) {
+            fields[k] = e[timeStart + k].value;
+            allZero = allZero && fields[k] == 0;
+            if (k > 0)
+                dotsOnly = dotsOnly && e[timeStart + k].sep == Sep::Dot;
+        }
+        // "0.0" alone is no date on current Windows (§9), although "0.1" and "2.5" are times.
+        if (count > 1 && dotsOnly && allZero && amPm < 0 && n == count)
+            return false;
+        hour = fields[0];
+        minute = fields[1];
+        second = fields[2];
+        if (hour > 23 || minute > 59 || second > 59)
+            return false;
+        if (amPm >= 0) {
+            if (e[amPm].value == 1 && hour < 12)
+                hour += 12;
+            else if (e[amPm].value == 0 && hour == 12)
+                hour = 0;
+        }
+    }
+
+    // The date: every element outside the time.
+    QList<int> dateValues;
+    int monthPos = -1, monthNames = 0;
+    for (int k = 0; k < n; ++k) {
+        if (k >= timeStart && k < blockEnd)
+            continue;
+        if (e[k].kind == Element::Month) {
+            monthPos = int(dateValues.size());
+            ++monthNames;
+        }
+        dateValues.append(e[k].value);
+    }
+
+    QDate date = serialZeroDate();
+    if (!dateValues.isEmpty()) {
+        // One bare number is never a date; more than three values or two month names neither.
+        if (dateValues.size() < 2 || dateValues.size() > 3 || monthNames > 1)
+            return false;
+        if (!buildDate(dateValues, monthPos, locale, date))
+            return false;
+    }
+    result = makeDate(date, QTime(hour, minute, second));
+    return true;
+}
+
+} // namespace
+
+double DateToSerial(const QDateTime& date)
+{
+    const qint64 days = dateOf(date).toJulianDay() - kJulianDayOfSerialZero;
+    const double fraction = double(date.time().msecsSinceStartOfDay()) / double(kMsPerDay);
+    return days >= 0 ? double(days) + fraction : double(days) - fraction;
+}
+
+QDateTime SerialToDate(double serial)
+{
+    // Anything that rounds into 0100-01-01 .. 9999-12-31 (the fraction included) is a date.
+    if (!(serial > kMinSerial - 1.0 && serial < kMaxSerial + 1.0))
+        throw VemoError::overflow();
+    const double days = std::trunc(serial);
+    qint64 seconds = std::llround(std::fabs(serial - days) * 86400.0);
+    QDate date = QDate::fromJulianDay(qint64(days) + kJulianDayOfSerialZero);
+    if (seconds >= 86400) {
+        date = date.addDays(1);
+        seconds -= 86400;
+    }
+    if (!isVbYear(date.year()))
+        throw VemoError::overflow();
+    return makeDate(date, QTime::fromMSecsSinceStartOfDay(int(seconds * 1000)));
+}
+
+QDateTime DateSerial(int year, int month, int day)
+{
+    // Years 0–99 take CDate's two-digit window, as VB's DateSerial does; the month rolls over
+    // into the year, then the day into the month.
+    const qint64 monthIndex = qint64(expandTwoDigitYear(year)) * 12 + (qint64(month) - 1);
+    const qint64 firstYear = floorDiv(monthIndex, 12);
+    if (firstYear < -100000 || firstYear > 100000)
+        throw VemoError::invalidProcedureCall();
+    const QDate first(int(firstYear), int(monthIndex - firstYear * 12) + 1, 1);
+    const QDate date = first.addDays(qint64(day) - 1);
+    if (!date.isValid() || !isVbYear(date.year()))
+        throw VemoError::invalidProcedureCall();
+    return makeDate(date);
+}
+
+bool IsDate(const QString& text, VbLocale locale)
+{
+    QDateTime unused;
+    return parseDate(text, locale, unused);
+}
+
+QDateTime CDate(const QString& text, VbLocale locale)
+{
+    QDateTime result;
+    if (!parseDate(text, locale, result))
+        throw VemoError::typeMismatch();
+    return result;
+}
+
+QDateTime DateAdd(const QString& interval, double number, const QDateTime& date)
+{
+    const QString unit = interval.toLower();
+    const double count = roundHalfEven(number);
+    const QDate day = dateOf(date);
+
+    if (unit == u"yyyy" || unit == u"q" || unit == u"m") {
+        const int monthsPer = unit == u"yyyy" ? 12 : unit == u"q" ? 3 : 1;
+        if (!(std::fabs(count) * monthsPer < 1.0e6))
+            throw VemoError::invalidProcedureCall();
+        const qint64 monthIndex =
+            qint64(day.year()) * 12 + (day.month() - 1) + qint64(count) * monthsPer;
+        const QDate result = clampedDate(monthIndex, day.day());
+        if (!result.isValid())
+            throw VemoError::invalidProcedureCall();
+        return makeDate(result, date.time().isValid() ? date.time() : QTime(0, 0));
+    }
+
+    qint64 unitMs = 0;
+    if (unit == u"y" || unit == u"d" || unit == u"w")
+        unitMs = kMsPerDay;
+    else if (unit == u"ww")
+        unitMs = 7 * kMsPerDay;
+    else if (unit == u"h")
+        unitMs = 3600000;
+    else if (unit == u"n")
+        unitMs = 60000;
+    else if (unit == u"s")
+        unitMs = 1000;
+    else
+        throw VemoError::invalidProcedureCall();
+    // The whole Date range is about 3.2e14 ms; larger steps can only leave it.
+    if (!(std::fabs(count) * double(unitMs) < 1.0e15))
+        throw VemoError::invalidProcedureCall();
+    const qint64 total =
+        day.toJulianDay() * kMsPerDay + date.time().msecsSinceStartOfDay() + qint64(count) * unitMs;
+    const qint64 julianDay = floorDiv(total, kMsPerDay);
+    const QDate resultDay = QDate::fromJulianDay(julianDay);
+    if (!isVbYear(resultDay.year()))
+        throw VemoError::invalidProcedureCall();
+    return makeDate(resultDay, QTime::fromMSecsSinceStartOfDay(int(total - julianDay * kMsPerDay)));
+}
+
+qint64 DateDiff(const QString& interval, const QDateTime& date1, const QDateTime& date2)
+{
+    const QString unit = interval.toLower();
+    const QDate d1 = dateOf(date1), d2 = dateOf(date2);
+    const qint64 days = d2.toJulianDay() - d1.toJulianDay();
+
+    if (unit == u"d" || unit == u"y")
+        return days;
+    if (unit == u"w")
+        return days / 7; // whole 7-day periods, truncated toward zero
+    if (unit == u"ww") {
+        // Sundays crossed: date2 counts when it is a Sunday, date1 does not. Julian day 6 is
+        // a Sunday, so (jd + 1) / 7 steps up on every Sunday.
+        return floorDiv(d2.toJulianDay() + 1, 7) - floorDiv(d1.toJulianDay() + 1, 7);
+    }
+    if (unit == u"yyyy")
+        return d2.year() - d1.year();
+    if (unit == u"q")
+        return (qint64(d2.year()) * 4 + (d2.month() - 1) / 3) -
+               (qint64(d1.year()) * 4 + (d1.month() - 1) / 3);
+    if (unit == u"m")
+        return (qint64(d2.year()) * 12 + d2.month()) - (qint64(d1.year()) * 12 + d1.month());
+
+    // Time units: the difference of the two instants, each truncated to the unit.
+    qint64 unitSeconds = 0;
+    if (unit == u"h")
+        unitSeconds = 3600;
+    else if (unit == u"n")
+        unitSeconds = 60;
+    else if (unit == u"s")
+        unitSeconds = 1;
+    else
+        throw VemoError::invalidProcedureCall();
+    auto units = [unitSeconds](QDate d, QTime t) {
+        const qint64 seconds = d.toJulianDay() * 86400 + t.msecsSinceStartOfDay() / 1000;
+        return floorDiv(seconds, unitSeconds);
+    };
+    return units(d2, date2.time()) - units(d1, date1.time());
+}
+
+int Weekday(const QDateTime& date, int firstDayOfWeek)
+{
+    // 0 is VB's vbUseSystemDayOfWeek; the VB default (Sunday) stands in for it.
+    if (firstDayOfWeek == 0)
+        firstDayOfWeek = 1;
+    if (firstDayOfWeek < 1 || firstDayOfWeek > 7)
+        throw VemoError::invalidProcedureCall();
+    const int sundayFirst = dateOf(date).dayOfWeek() % 7 + 1; // Qt: Monday 1 .. Sunday 7
+    return (sundayFirst - firstDayOfWeek + 7) % 7 + 1;
+}
+
+} // namespace VemoGridLib::vb
