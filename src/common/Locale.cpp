@@ -10,7 +10,8 @@ namespace VemoGridLib {
 
 namespace {
 
-struct LocaleId {
+struct LocaleId
+{
     const char* name; // language_TERRITORY as POSIX writes it
     quint32 lcid;
 };
@@ -64,7 +65,8 @@ const char* iconvNameOfCodePage(int codePage)
     }
 }
 
-struct IconvCloser {
+struct IconvCloser
+{
     void operator()(void* handle) const { iconv_close(static_cast<iconv_t>(handle)); }
 };
 using IconvHandle = std::unique_ptr<void, IconvCloser>;

@@ -16,9 +16,11 @@ Message refusedEmptyLine(LanguageIndex language)
 {
     switch (language) {
     case SimplifiedChinese:
-        return {QStringLiteral("不允许添加空行!"), QStringLiteral("提示"), MessageIcon::Information};
+        return {QStringLiteral("不允许添加空行!"), QStringLiteral("提示"),
+                MessageIcon::Information};
     case TraditionalChinese:
-        return {QStringLiteral("不允許添加空行!"), QStringLiteral("提示"), MessageIcon::Information};
+        return {QStringLiteral("不允許添加空行!"), QStringLiteral("提示"),
+                MessageIcon::Information};
     case English:
         break;
     }

@@ -19,7 +19,8 @@ enum class MessageIcon {
 
 /// One message as shown: its text, its title (empty = the host application's default title)
 /// and its icon. The button is always OK.
-struct Message {
+struct Message
+{
     QString text;
     QString title;
     MessageIcon icon = MessageIcon::Information;

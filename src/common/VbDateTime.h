@@ -31,8 +31,7 @@ VEMOGRIDLIB_EXPORT QDateTime CDate(const QString& text, VbLocale locale = userLo
 /// "y", "d", "w" add days, "ww" weeks, "h", "n", "s" time. The number is rounded to a whole
 /// number first (half to even). Throws VemoError 5 for an unknown interval or a result before
 /// year 100.
-VEMOGRIDLIB_EXPORT QDateTime DateAdd(const QString& interval, double number,
-                                     const QDateTime& date);
+VEMOGRIDLIB_EXPORT QDateTime DateAdd(const QString& interval, double number, const QDateTime& date);
 
 /// `DateDiff(interval, date1, date2)` (§13): for "d" the calendar days from date1 to date2
 /// (midnights crossed, times ignored), negative when date2 is earlier. Also "yyyy", "q", "m",

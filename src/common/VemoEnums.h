@@ -67,7 +67,8 @@ enum AlignmentConstants : int {
 };
 Q_ENUM_NS(AlignmentConstants)
 
-/// Border of a control: `None` 0, `Fixed Single` 1 (`None` is prefixed: X11 defines a `None` macro).
+/// Border of a control: `None` 0, `Fixed Single` 1 (`None` is prefixed: X11 defines a `None`
+/// macro).
 enum BorderStyleConstants : int {
     BorderNone = 0,
     FixedSingle = 1,

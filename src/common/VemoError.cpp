@@ -6,8 +6,7 @@ VemoError::VemoError(qint32 number, const QString& description)
     : std::runtime_error(description.toStdString())
     , m_number(number)
     , m_description(description)
-{
-}
+{}
 
 VemoError VemoError::invalidProcedureCall()
 {

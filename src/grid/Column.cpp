@@ -15,13 +15,15 @@ constexpr qint16 CurrencyDecimals = 2;
 constexpr qint16 LongDecimals = 0;
 constexpr double DefaultMaxValue = 1e16;
 
-QString currencyFormat() {
+QString currencyFormat()
+{
     return QStringLiteral("#,##0.00");
 }
 
 // The list stores were VB Collections keyed by the decimal text of the list column; a hash on
 // the number is the same mapping, and VB's missing-key error is run-time error 5.
-qint32 storedValue(const QHash<qint32, qint32>& store, qint32 key) {
+qint32 storedValue(const QHash<qint32, qint32>& store, qint32 key)
+{
     const auto found = store.constFind(key);
     if (found == store.constEnd())
         throw VemoError::invalidProcedureCall();
@@ -30,7 +32,8 @@ qint32 storedValue(const QHash<qint32, qint32>& store, qint32 key) {
 
 } // namespace
 
-struct Column::Private {
+struct Column::Private
+{
     bool autoAdd = false;
     QString listHeader;
     QString formatString;
@@ -61,212 +64,263 @@ struct Column::Private {
 
 Column::Column(QObject* parent)
     : QObject(parent)
-    , d(std::make_unique<Private>()) {}
+    , d(std::make_unique<Private>())
+{}
 
 Column::~Column() = default;
 
-bool Column::AutoAdd() const {
+bool Column::AutoAdd() const
+{
     return d->autoAdd;
 }
 
-void Column::setAutoAdd(bool value) {
+void Column::setAutoAdd(bool value)
+{
     d->autoAdd = value;
 }
 
-QString Column::ListHeader() const {
+QString Column::ListHeader() const
+{
     return d->listHeader;
 }
 
-void Column::setListHeader(const QString& value) {
+void Column::setListHeader(const QString& value)
+{
     d->listHeader = value;
 }
 
-QString Column::FormatString() const {
+QString Column::FormatString() const
+{
     return d->formatString;
 }
 
-void Column::setFormatString(const QString& value) {
+void Column::setFormatString(const QString& value)
+{
     d->formatString = value;
 }
 
-bool Column::Locked() const {
+bool Column::Locked() const
+{
     return d->locked;
 }
 
-void Column::setLocked(bool value) {
+void Column::setLocked(bool value)
+{
     d->locked = value;
 }
 
-qint16 Column::MaxLength() const {
+qint16 Column::MaxLength() const
+{
     return d->maxLength;
 }
 
-void Column::setMaxLength(qint16 value) {
+void Column::setMaxLength(qint16 value)
+{
     d->maxLength = value;
 }
 
-double Column::MaxValue() const {
+double Column::MaxValue() const
+{
     return d->maxValue;
 }
 
-void Column::setMaxValue(double value) {
+void Column::setMaxValue(double value)
+{
     d->maxValue = value;
 }
 
-double Column::MinValue() const {
+double Column::MinValue() const
+{
     return d->minValue;
 }
 
-void Column::setMinValue(double value) {
+void Column::setMinValue(double value)
+{
     d->minValue = value;
 }
 
-bool Column::ShowZero() const {
+bool Column::ShowZero() const
+{
     return d->showZero;
 }
 
-void Column::setShowZero(bool value) {
+void Column::setShowZero(bool value)
+{
     d->showZero = value;
 }
 
-bool Column::AutoDropDown() const {
+bool Column::AutoDropDown() const
+{
     return d->autoDropDown;
 }
 
-void Column::setAutoDropDown(bool value) {
+void Column::setAutoDropDown(bool value)
+{
     d->autoDropDown = value;
 }
 
-qint16 Column::ListWidth() const {
+qint16 Column::ListWidth() const
+{
     return d->listWidth;
 }
 
-void Column::setListWidth(qint16 value) {
+void Column::setListWidth(qint16 value)
+{
     d->listWidth = value;
 }
 
-QAbstractItemModel* Column::DataSource() const {
+QAbstractItemModel* Column::DataSource() const
+{
     return d->dataSource.data();
 }
 
-void Column::setDataSource(QAbstractItemModel* value) {
+void Column::setDataSource(QAbstractItemModel* value)
+{
     d->dataSource = value;
 }
 
-bool Column::ColResize() const {
+bool Column::ColResize() const
+{
     return d->colResize;
 }
 
-void Column::setColResize(bool value) {
+void Column::setColResize(bool value)
+{
     d->colResize = value;
 }
 
-qint16 Column::RowHeight() const {
+qint16 Column::RowHeight() const
+{
     return d->rowHeight;
 }
 
-void Column::setRowHeight(qint16 value) {
+void Column::setRowHeight(qint16 value)
+{
     d->rowHeight = value;
 }
 
-qint16 Column::VisibleRows() const {
+qint16 Column::VisibleRows() const
+{
     return d->visibleRows;
 }
 
-void Column::setVisibleRows(qint16 value) {
+void Column::setVisibleRows(qint16 value)
+{
     d->visibleRows = value;
 }
 
-bool Column::ShowHeader() const {
+bool Column::ShowHeader() const
+{
     return d->showHeader;
 }
 
-void Column::setShowHeader(bool value) {
+void Column::setShowHeader(bool value)
+{
     d->showHeader = value;
 }
 
-qint16 Column::SelectCol() const {
+qint16 Column::SelectCol() const
+{
     return d->selectCol;
 }
 
-void Column::setSelectCol(qint16 value) {
+void Column::setSelectCol(qint16 value)
+{
     d->selectCol = value;
 }
 
-vb::CompareMethod Column::CompareMode() const {
+vb::CompareMethod Column::CompareMode() const
+{
     return d->compareMode;
 }
 
-void Column::setCompareMode(vb::CompareMethod value) {
+void Column::setCompareMode(vb::CompareMethod value)
+{
     d->compareMode = value;
 }
 
-bool Column::HotTracking() const {
+bool Column::HotTracking() const
+{
     return d->hotTracking;
 }
 
-void Column::setHotTracking(bool value) {
+void Column::setHotTracking(bool value)
+{
     d->hotTracking = value;
 }
 
-VemoSortTypeConstants Column::SortType() const {
+VemoSortTypeConstants Column::SortType() const
+{
     return d->sortType;
 }
 
-void Column::setSortType(VemoSortTypeConstants value) {
+void Column::setSortType(VemoSortTypeConstants value)
+{
     d->sortType = value;
 }
 
-qint16 Column::DecimalLength() const {
+qint16 Column::DecimalLength() const
+{
     return d->decimalLength;
 }
 
-void Column::setDecimalLength(qint16 value) {
+void Column::setDecimalLength(qint16 value)
+{
     if (d->colType == eLong || d->colType == eCurrency)
         throw VemoError(VemoError::ObjectErrorBase,
                         QStringLiteral("Can't set decimal lenght to this column"));
     d->decimalLength = value;
 }
 
-qint32 Column::COLWIDTH(qint32 Col) const {
+qint32 Column::COLWIDTH(qint32 Col) const
+{
     return storedValue(d->colWidths, Col);
 }
 
-void Column::setCOLWIDTH(qint32 Col, qint32 value) {
+void Column::setCOLWIDTH(qint32 Col, qint32 value)
+{
     d->colWidths.insert(Col, value);
 }
 
-qint32 Column::ColAlignment(qint32 Col) const {
+qint32 Column::ColAlignment(qint32 Col) const
+{
     return storedValue(d->colAlignments, Col);
 }
 
-void Column::setColAlignment(qint32 Col, qint32 value) {
+void Column::setColAlignment(qint32 Col, qint32 value)
+{
     d->colAlignments.insert(Col, value);
 }
 
-void Column::clearItems() {
+void Column::clearItems()
+{
     d->items.clear();
 }
 
-void Column::AddItem(const QString& Item) {
+void Column::AddItem(const QString& Item)
+{
     d->items.append(Item);
 }
 
-QString Column::Item(qint32 Index) const {
+QString Column::Item(qint32 Index) const
+{
     if (Index < 0 || Index >= d->items.size())
         throw VemoError::invalidProcedureCall();
     return d->items.at(Index);
 }
 
-qint32 Column::ItemCount() const {
+qint32 Column::ItemCount() const
+{
     return qint32(d->items.size());
 }
 
-VemoGridColType Column::colType() const {
+VemoGridColType Column::colType() const
+{
     return d->colType;
 }
 
-void Column::setColType(VemoGridColType type) {
+void Column::setColType(VemoGridColType type)
+{
     d->colType = type;
     switch (type) {
     case eCurrency:

@@ -16,7 +16,8 @@ namespace VemoGridLib {
 /// Part 1.2: one `Column` per grid column, carrying its editing type, number format, numeric
 /// limits, combo item list and drop-down list layout. The grid owns it and hands it out through
 /// its `Column(Col)` property; the host sets its public fields directly.
-class VEMOGRIDLIB_EXPORT Column : public QObject {
+class VEMOGRIDLIB_EXPORT Column : public QObject
+{
     Q_OBJECT
     Q_PROPERTY(bool AutoAdd READ AutoAdd WRITE setAutoAdd)
     Q_PROPERTY(QString ListHeader READ ListHeader WRITE setListHeader)

@@ -39,13 +39,15 @@ constexpr int WordMax = 65535;
 
 // VB assigns each byte of a record separately, so a value outside a byte's range is VB's
 // Overflow error: for a 16-bit field that means outside 0..65535, for a byte outside 0..255.
-quint16 checkedWord(int value) {
+quint16 checkedWord(int value)
+{
     if (value < 0 || value > WordMax)
         throw VemoError::overflow();
     return quint16(value);
 }
 
-uchar checkedByte(int value) {
+uchar checkedByte(int value)
+{
     if (value < 0 || value > ByteMax)
         throw VemoError::overflow();
     return uchar(value);
@@ -53,7 +55,8 @@ uchar checkedByte(int value) {
 
 // The row and column fields are at the same offsets in every cell record.
 template <std::size_t N>
-void setCell(std::array<uchar, N>& record, short Row, unsigned char Col) {
+void setCell(std::array<uchar, N>& record, short Row, unsigned char Col)
+{
     const quint16 row = checkedWord(int(Row) - 1);
     const uchar col = checkedByte(int(Col) - 1);
     qToLittleEndian(row, record.data() + RowOffset);
@@ -62,35 +65,41 @@ void setCell(std::array<uchar, N>& record, short Row, unsigned char Col) {
 
 } // namespace
 
-struct ExcelFile::Private {
+struct ExcelFile::Private
+{
     std::optional<QFile> file;
     LabelHeader label = LabelTemplate;
     IntegerRecord integer = IntegerTemplate;
     NumberRecord number = NumberTemplate;
 
-    QFile& openFile() {
+    QFile& openFile()
+    {
         if (!file)
             throw VemoError::badFileNameOrNumber();
         return *file;
     }
 
-    static void write(QFile& target, const char* data, qint64 size) {
+    static void write(QFile& target, const char* data, qint64 size)
+    {
         if (target.write(data, size) != size)
             throw VemoError::deviceIoError();
     }
 
     template <std::size_t N>
-    void writeRecord(const std::array<uchar, N>& record) {
+    void writeRecord(const std::array<uchar, N>& record)
+    {
         write(openFile(), reinterpret_cast<const char*>(record.data()), qint64(N));
     }
 };
 
 ExcelFile::ExcelFile()
-    : d(std::make_unique<Private>()) {}
+    : d(std::make_unique<Private>())
+{}
 
 ExcelFile::~ExcelFile() = default;
 
-void ExcelFile::OpenFile(const QString& FileName) {
+void ExcelFile::OpenFile(const QString& FileName)
+{
     d->file.reset();
     QFile& file = d->file.emplace(FileName);
     // ReadWrite without Truncate: an existing longer file keeps its bytes past the new EOF.
@@ -101,7 +110,8 @@ void ExcelFile::OpenFile(const QString& FileName) {
     d->writeRecord(BofTemplate);
 }
 
-void ExcelFile::CloseFile() {
+void ExcelFile::CloseFile()
+{
     d->writeRecord(EofTemplate);
     // Buffered bytes reach the file only now, so a full disk shows up here.
     const bool flushed = d->file->flush();
@@ -110,7 +120,8 @@ void ExcelFile::CloseFile() {
         throw VemoError::deviceIoError();
 }
 
-void ExcelFile::EWriteString(short Row, unsigned char Col, const QString& value) {
+void ExcelFile::EWriteString(short Row, unsigned char Col, const QString& value)
+{
     const QByteArray text = toAnsiCodePage(value);
     const uchar textLength = checkedByte(int(text.size()));
     const uchar recordLength = checkedByte(int(text.size()) + LabelFixedLength);
@@ -122,14 +133,16 @@ void ExcelFile::EWriteString(short Row, unsigned char Col, const QString& value)
     Private::write(*d->file, text.constData(), text.size());
 }
 
-void ExcelFile::EWriteInteger(short Row, unsigned char Col, int value) {
+void ExcelFile::EWriteInteger(short Row, unsigned char Col, int value)
+{
     const quint16 word = checkedWord(value);
     setCell(d->integer, Row, Col);
     qToLittleEndian(word, d->integer.data() + ValueOffset);
     d->writeRecord(d->integer);
 }
 
-void ExcelFile::EWriteFloat(short Row, unsigned char Col, double value) {
+void ExcelFile::EWriteFloat(short Row, unsigned char Col, double value)
+{
     setCell(d->number, Row, Col);
     qToLittleEndian(std::bit_cast<quint64>(value), d->number.data() + ValueOffset);
     d->writeRecord(d->number);

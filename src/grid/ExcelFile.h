@@ -13,7 +13,8 @@ namespace VemoGridLib {
 /// `EWrite*` one cell record, `CloseFile` the EOF record. Rows and columns are one-based; the
 /// records hold them zero-based. Every failure throws VemoError and writes nothing of the record.
 /// Destroying an open writer closes the file without writing the EOF record.
-class VEMOGRIDLIB_EXPORT ExcelFile {
+class VEMOGRIDLIB_EXPORT ExcelFile
+{
 public:
     /// Part 1.8: a writer with no open file.
     ExcelFile();

@@ -68,8 +68,8 @@ void tst_Locale::systemLocale_data()
                                 << 1033u << 2 << 1252;
     QTest::newRow("2057 en_GB") << QByteArray() << QByteArray() << QByteArray("en_GB.UTF-8")
                                 << 2057u << 2 << 1252;
-    QTest::newRow("3076 zh_HK is English") << QByteArray() << QByteArray()
-                                           << QByteArray("zh_HK.UTF-8") << 3076u << 2 << 1252;
+    QTest::newRow("3076 zh_HK is English")
+        << QByteArray() << QByteArray() << QByteArray("zh_HK.UTF-8") << 3076u << 2 << 1252;
     QTest::newRow("LC_ALL wins") << QByteArray("zh_TW.Big5") << QByteArray("en_US.UTF-8")
                                  << QByteArray("zh_CN.UTF-8") << 1028u << 1 << 950;
     QTest::newRow("LC_MESSAGES before LANG") << QByteArray() << QByteArray("zh_CN.GB18030")
@@ -78,8 +78,8 @@ void tst_Locale::systemLocale_data()
                                  << 1252;
     QTest::newRow("C locale") << QByteArray("C") << QByteArray() << QByteArray("zh_CN.UTF-8")
                               << 1033u << 2 << 1252;
-    QTest::newRow("modifier ignored") << QByteArray() << QByteArray()
-                                      << QByteArray("zh_CN.UTF-8@stroke") << 2052u << 0 << 936;
+    QTest::newRow("modifier ignored")
+        << QByteArray() << QByteArray() << QByteArray("zh_CN.UTF-8@stroke") << 2052u << 0 << 936;
 }
 
 void tst_Locale::systemLocale()
@@ -142,17 +142,16 @@ void tst_Locale::toAnsiCodePage_data()
     QTest::addColumn<QByteArray>("bytes");
 
     QTest::newRow("ascii") << "Qty 12" << 1252 << QByteArray("Qty 12");
-    QTest::newRow("cp1252 e acute") << QString::fromUtf8("café") << 1252
-                                    << QByteArray("caf\xE9");
-    QTest::newRow("cp1252 euro") << QString::fromUtf8("€5") << 1252 << QByteArray("\x80" "5");
-    QTest::newRow("cp1252 lacks Chinese") << QString::fromUtf8("a中b") << 1252
-                                          << QByteArray("a?b");
+    QTest::newRow("cp1252 e acute") << QString::fromUtf8("café") << 1252 << QByteArray("caf\xE9");
+    QTest::newRow("cp1252 euro") << QString::fromUtf8("€5") << 1252
+                                 << QByteArray("\x80"
+                                               "5");
+    QTest::newRow("cp1252 lacks Chinese") << QString::fromUtf8("a中b") << 1252 << QByteArray("a?b");
     QTest::newRow("gbk") << QString::fromUtf8("中文") << 936 << QByteArray("\xD6\xD0\xCE\xC4");
-    QTest::newRow("gbk lacks emoji") << QString::fromUtf8("中😀") << 936
-                                     << QByteArray("\xD6\xD0?");
+    QTest::newRow("gbk lacks emoji") << QString::fromUtf8("中😀") << 936 << QByteArray("\xD6\xD0?");
     QTest::newRow("big5") << QString::fromUtf8("中") << 950 << QByteArray("\xA4\xA4");
-    QTest::newRow("big5 traditional") << QString::fromUtf8("運算") << 950
-                                      << QByteArray("\xB9\x42\xBA\xE2");
+    QTest::newRow("big5 traditional")
+        << QString::fromUtf8("運算") << 950 << QByteArray("\xB9\x42\xBA\xE2");
     QTest::newRow("empty") << QString() << 936 << QByteArray();
 }
 

@@ -17,8 +17,7 @@ class MessageRecorder
 public:
     MessageRecorder()
         : m_previous(setMessageHandler([this](const Message& m) { messages.append(m); }))
-    {
-    }
+    {}
     ~MessageRecorder() { setMessageHandler(m_previous); }
     MessageRecorder(const MessageRecorder&) = delete;
     MessageRecorder& operator=(const MessageRecorder&) = delete;
@@ -68,20 +67,23 @@ void tst_Messages::messageByLocale_data()
                                      << QString::fromUtf8("不允许添加空行!") << zhTitle << info;
     QTest::newRow("1028 empty line") << QByteArray("zh_TW.UTF-8") << empty
                                      << QString::fromUtf8("不允許添加空行!") << zhTitle << info;
-    QTest::newRow("1033 empty line") << QByteArray("en_US.UTF-8") << empty
-                                     << "Do not allow add a null line!" << "PROMPT" << info;
-    QTest::newRow("2057 empty line") << QByteArray("en_GB.UTF-8") << empty
-                                     << "Do not allow add a null line!" << "PROMPT" << info;
-    QTest::newRow("3076 empty line") << QByteArray("zh_HK.UTF-8") << empty
-                                     << "Do not allow add a null line!" << "PROMPT" << info;
+    QTest::newRow("1033 empty line")
+        << QByteArray("en_US.UTF-8") << empty << "Do not allow add a null line!"
+        << "PROMPT" << info;
+    QTest::newRow("2057 empty line")
+        << QByteArray("en_GB.UTF-8") << empty << "Do not allow add a null line!"
+        << "PROMPT" << info;
+    QTest::newRow("3076 empty line")
+        << QByteArray("zh_HK.UTF-8") << empty << "Do not allow add a null line!"
+        << "PROMPT" << info;
     QTest::newRow("2052 operator") << QByteArray("zh_CN.UTF-8") << op
                                    << QString::fromUtf8("运算符错误!") << zhTitle << critical;
     QTest::newRow("1028 operator") << QByteArray("zh_TW.UTF-8") << op
                                    << QString::fromUtf8("運算符錯誤!") << zhTitle << critical;
     QTest::newRow("1033 operator has no title")
         << QByteArray("en_US.UTF-8") << op << "Operator ERROR" << QString() << critical;
-    QTest::newRow("3076 operator") << QByteArray("zh_HK.UTF-8") << op << "Operator ERROR"
-                                   << QString() << critical;
+    QTest::newRow("3076 operator")
+        << QByteArray("zh_HK.UTF-8") << op << "Operator ERROR" << QString() << critical;
 }
 
 void tst_Messages::messageByLocale()

@@ -354,7 +354,8 @@ void tst_VbDateFormat::dateFormatDispatch()
     QFETCH(bool, isDate);
     QCOMPARE(detail::isDateFormat(format), isDate);
     if (isDate)
-        QCOMPARE(Format(reference(), format, VbLocale::EnUS), Format(2.525, format, VbLocale::EnUS));
+        QCOMPARE(Format(reference(), format, VbLocale::EnUS),
+                 Format(2.525, format, VbLocale::EnUS));
 }
 
 // A number format shows a date as its day serial, a text format as its general text.
@@ -363,11 +364,16 @@ void tst_VbDateFormat::numberAndTextFormatsOfADate_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("0.00") << "0.00" << "45325.50";
-    QTest::newRow("Standard") << "Standard" << "45,325.50";
-    QTest::newRow("#") << "#" << "45326";
-    QTest::newRow("text placeholders") << "@@@@@@@@@@@@@@@@@@@@@" << " 2/3/2024 12:00:00 PM";
-    QTest::newRow("upper case") << ">" << "2/3/2024 12:00:00 PM";
+    QTest::newRow("0.00") << "0.00"
+                          << "45325.50";
+    QTest::newRow("Standard") << "Standard"
+                              << "45,325.50";
+    QTest::newRow("#") << "#"
+                       << "45326";
+    QTest::newRow("text placeholders") << "@@@@@@@@@@@@@@@@@@@@@"
+                                       << " 2/3/2024 12:00:00 PM";
+    QTest::newRow("upper case") << ">"
+                                << "2/3/2024 12:00:00 PM";
 }
 
 void tst_VbDateFormat::numberAndTextFormatsOfADate()

@@ -17,7 +17,8 @@ const QString DecimalRefusal = QStringLiteral("Can't set decimal lenght to this 
 constexpr qint32 InvalidProcedureCallNumber = 5;
 
 // Runs `action`, which must throw a VemoError, and returns that error's number and description.
-std::pair<qint32, QString> errorOf(const std::function<void()>& action) {
+std::pair<qint32, QString> errorOf(const std::function<void()>& action)
+{
     try {
         action();
     } catch (const VemoError& error) {
@@ -28,7 +29,8 @@ std::pair<qint32, QString> errorOf(const std::function<void()>& action) {
 
 } // namespace
 
-class tst_Column : public QObject {
+class tst_Column : public QObject
+{
     Q_OBJECT
 
 private slots:
@@ -60,7 +62,8 @@ private slots:
     void listStoresAreIndependent();
 };
 
-void tst_Column::defaults_data() {
+void tst_Column::defaults_data()
+{
     QTest::addColumn<QString>("property");
     QTest::addColumn<QVariant>("expected");
 
@@ -86,7 +89,8 @@ void tst_Column::defaults_data() {
     QTest::newRow("ItemCount") << "ItemCount" << QVariant(0);
 }
 
-void tst_Column::defaults() {
+void tst_Column::defaults()
+{
     QFETCH(QString, property);
     QFETCH(QVariant, expected);
 
@@ -102,7 +106,8 @@ void tst_Column::defaults() {
     QCOMPARE(actual, expected);
 }
 
-void tst_Column::freshColumnHasEmptyCollections() {
+void tst_Column::freshColumnHasEmptyCollections()
+{
     const Column column;
     QCOMPARE(column.ItemCount(), 0);
     QCOMPARE(column.DataSource(), nullptr);
@@ -113,7 +118,8 @@ void tst_Column::freshColumnHasEmptyCollections() {
     QCOMPARE(column.MinValue(), -1e16);
 }
 
-void tst_Column::propertiesRoundTrip_data() {
+void tst_Column::propertiesRoundTrip_data()
+{
     QTest::addColumn<QString>("property");
     QTest::addColumn<QVariant>("value");
 
@@ -138,7 +144,8 @@ void tst_Column::propertiesRoundTrip_data() {
     QTest::newRow("DecimalLength") << "DecimalLength" << QVariant::fromValue(qint16(4));
 }
 
-void tst_Column::propertiesRoundTrip() {
+void tst_Column::propertiesRoundTrip()
+{
     QFETCH(QString, property);
     QFETCH(QVariant, value);
 
@@ -148,7 +155,8 @@ void tst_Column::propertiesRoundTrip() {
     QCOMPARE(column.property(name.constData()), value);
 }
 
-void tst_Column::dataSourceForgetsDestroyedModel() {
+void tst_Column::dataSourceForgetsDestroyedModel()
+{
     Column column;
     {
         QStandardItemModel model;
@@ -158,7 +166,8 @@ void tst_Column::dataSourceForgetsDestroyedModel() {
     QCOMPARE(column.DataSource(), nullptr);
 }
 
-void tst_Column::colTypeSetsDecimalsAndFormat_data() {
+void tst_Column::colTypeSetsDecimalsAndFormat_data()
+{
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("decimals");
     QTest::addColumn<QString>("format");
@@ -177,7 +186,8 @@ void tst_Column::colTypeSetsDecimalsAndFormat_data() {
     QTest::newRow("9") << 9 << 3 << untouched;
 }
 
-void tst_Column::colTypeSetsDecimalsAndFormat() {
+void tst_Column::colTypeSetsDecimalsAndFormat()
+{
     QFETCH(int, type);
     QFETCH(int, decimals);
     QFETCH(QString, format);
@@ -193,7 +203,8 @@ void tst_Column::colTypeSetsDecimalsAndFormat() {
     QCOMPARE(column.FormatString(), format);
 }
 
-void tst_Column::currencyRefusesDecimalLength() {
+void tst_Column::currencyRefusesDecimalLength()
+{
     Column column;
     column.setColType(eCurrency);
     QCOMPARE(column.FormatString(), CurrencyFormat);
@@ -206,7 +217,8 @@ void tst_Column::currencyRefusesDecimalLength() {
     QCOMPARE(column.DecimalLength(), qint16(2));
 }
 
-void tst_Column::longRefusesDecimalLength() {
+void tst_Column::longRefusesDecimalLength()
+{
     Column column;
     column.setColType(eLong);
     QCOMPARE(column.DecimalLength(), qint16(0));
@@ -217,7 +229,8 @@ void tst_Column::longRefusesDecimalLength() {
     QCOMPARE(column.DecimalLength(), qint16(0));
 }
 
-void tst_Column::decimalLengthStoredAsGiven_data() {
+void tst_Column::decimalLengthStoredAsGiven_data()
+{
     QTest::addColumn<int>("type");
     QTest::addColumn<qint16>("value");
 
@@ -232,7 +245,8 @@ void tst_Column::decimalLengthStoredAsGiven_data() {
     QTest::newRow("eComboBox 1") << int(eComboBox) << qint16(1);
 }
 
-void tst_Column::decimalLengthStoredAsGiven() {
+void tst_Column::decimalLengthStoredAsGiven()
+{
     QFETCH(int, type);
     QFETCH(qint16, value);
 
@@ -242,7 +256,8 @@ void tst_Column::decimalLengthStoredAsGiven() {
     QCOMPARE(column.DecimalLength(), value);
 }
 
-void tst_Column::currencyToNumericKeepsFormat() {
+void tst_Column::currencyToNumericKeepsFormat()
+{
     Column column;
     column.setColType(eCurrency);
     column.setColType(eNumeric);
@@ -253,7 +268,8 @@ void tst_Column::currencyToNumericKeepsFormat() {
     QCOMPARE(column.DecimalLength(), qint16(1));
 }
 
-void tst_Column::currencyToTextBoxKeepsFormat() {
+void tst_Column::currencyToTextBoxKeepsFormat()
+{
     Column column;
     column.setColType(eCurrency);
     column.setColType(eTextBox);
@@ -265,7 +281,8 @@ void tst_Column::currencyToTextBoxKeepsFormat() {
     QCOMPARE(column.DecimalLength(), qint16(5));
 }
 
-void tst_Column::typeAboveEightIsStored() {
+void tst_Column::typeAboveEightIsStored()
+{
     Column column;
     column.setColType(eLong);
     column.setColType(VemoGridColType(42));
@@ -277,7 +294,8 @@ void tst_Column::typeAboveEightIsStored() {
     QCOMPARE(column.DecimalLength(), qint16(7));
 }
 
-void tst_Column::itemsAreIndexedFromZero() {
+void tst_Column::itemsAreIndexedFromZero()
+{
     Column column;
     column.AddItem(QStringLiteral("a"));
     column.AddItem(QStringLiteral("b"));
@@ -286,7 +304,8 @@ void tst_Column::itemsAreIndexedFromZero() {
     QCOMPARE(column.ItemCount(), 2);
 }
 
-void tst_Column::clearItemsRestartsAtZero() {
+void tst_Column::clearItemsRestartsAtZero()
+{
     Column column;
     column.AddItem(QStringLiteral("a"));
     column.AddItem(QStringLiteral("b"));
@@ -299,7 +318,8 @@ void tst_Column::clearItemsRestartsAtZero() {
     QCOMPARE(column.ItemCount(), 1);
 }
 
-void tst_Column::missingItemRaisesCollectionError_data() {
+void tst_Column::missingItemRaisesCollectionError_data()
+{
     QTest::addColumn<qint32>("index");
 
     QTest::newRow("one past the end") << 2;
@@ -307,7 +327,8 @@ void tst_Column::missingItemRaisesCollectionError_data() {
     QTest::newRow("far") << 1000000;
 }
 
-void tst_Column::missingItemRaisesCollectionError() {
+void tst_Column::missingItemRaisesCollectionError()
+{
     QFETCH(qint32, index);
 
     Column column;
@@ -319,7 +340,8 @@ void tst_Column::missingItemRaisesCollectionError() {
     QCOMPARE(description, QStringLiteral("Invalid procedure call or argument"));
 }
 
-void tst_Column::colWidthSetTwiceKeepsOneEntry() {
+void tst_Column::colWidthSetTwiceKeepsOneEntry()
+{
     Column column;
     column.setCOLWIDTH(2, 800);
     column.setCOLWIDTH(2, 800);
@@ -331,14 +353,16 @@ void tst_Column::colWidthSetTwiceKeepsOneEntry() {
     QCOMPARE(errorOf([&] { column.COLWIDTH(3); }).first, InvalidProcedureCallNumber);
 }
 
-void tst_Column::colWidthMissingKeyRaisesCollectionError() {
+void tst_Column::colWidthMissingKeyRaisesCollectionError()
+{
     const Column column;
     const auto [number, description] = errorOf([&] { column.COLWIDTH(0); });
     QCOMPARE(number, InvalidProcedureCallNumber);
     QCOMPARE(description, QStringLiteral("Invalid procedure call or argument"));
 }
 
-void tst_Column::colAlignmentReplacesAndMissingKeyRaises() {
+void tst_Column::colAlignmentReplacesAndMissingKeyRaises()
+{
     Column column;
     QCOMPARE(errorOf([&] { column.ColAlignment(-5); }).first, InvalidProcedureCallNumber);
 
@@ -348,7 +372,8 @@ void tst_Column::colAlignmentReplacesAndMissingKeyRaises() {
     QCOMPARE(errorOf([&] { column.ColAlignment(5); }).first, InvalidProcedureCallNumber);
 }
 
-void tst_Column::listStoresAreIndependent() {
+void tst_Column::listStoresAreIndependent()
+{
     Column column;
     column.setCOLWIDTH(1, 900);
     QCOMPARE(errorOf([&] { column.ColAlignment(1); }).first, InvalidProcedureCallNumber);

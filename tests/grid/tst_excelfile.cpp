@@ -29,7 +29,8 @@ constexpr qint32 DeviceIoError = 57;
 constexpr qint32 PathFileAccessError = 75;
 
 // Runs `action` and returns the number of the VemoError it throws, 0 when it throws none.
-qint32 errorNumberOf(const std::function<void()>& action) {
+qint32 errorNumberOf(const std::function<void()>& action)
+{
     try {
         action();
     } catch (const VemoError& error) {
@@ -38,7 +39,8 @@ qint32 errorNumberOf(const std::function<void()>& action) {
     return 0;
 }
 
-QByteArray contentsOf(const QString& path) {
+QByteArray contentsOf(const QString& path)
+{
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
@@ -46,9 +48,11 @@ QByteArray contentsOf(const QString& path) {
 }
 
 // Sets the locale variables Part 1.12 reads for the lifetime of the guard, then restores them.
-class LocaleGuard {
+class LocaleGuard
+{
 public:
-    explicit LocaleGuard(const QByteArray& lang) {
+    explicit LocaleGuard(const QByteArray& lang)
+    {
         for (const char* name : Names) {
             saved.push_back(qEnvironmentVariableIsSet(name)
                                 ? std::optional<QByteArray>(qgetenv(name))
@@ -57,7 +61,8 @@ public:
         }
         qputenv("LANG", lang);
     }
-    ~LocaleGuard() {
+    ~LocaleGuard()
+    {
         for (std::size_t i = 0; i < std::size(Names); ++i) {
             if (saved[i])
                 qputenv(Names[i], *saved[i]);
@@ -75,7 +80,8 @@ private:
 
 // The interpreter that can import xlrd: Debian's python3-xlrd lives in /usr/bin/python3, which a
 // python3 earlier on PATH (pyenv, a venv) may not see.
-QString pythonWithXlrd() {
+QString pythonWithXlrd()
+{
     const QStringList candidates = {QStringLiteral("/usr/bin/python3"),
                                     QStandardPaths::findExecutable(QStringLiteral("python3"))};
     for (const QString& python : candidates) {
@@ -92,7 +98,8 @@ QString pythonWithXlrd() {
 
 } // namespace
 
-class tst_ExcelFile : public QObject {
+class tst_ExcelFile : public QObject
+{
     Q_OBJECT
 
 private slots:
@@ -135,14 +142,16 @@ private:
     QTemporaryDir m_dir;
 };
 
-QString tst_ExcelFile::freshPath() const {
+QString tst_ExcelFile::freshPath() const
+{
     QString name = QString::fromLatin1(QTest::currentTestFunction());
     if (const char* tag = QTest::currentDataTag())
         name += QLatin1Char('_') + QString::fromLatin1(QByteArray(tag).toHex());
     return m_dir.filePath(name + QStringLiteral(".xls"));
 }
 
-void tst_ExcelFile::openAndCloseWriteBofAndEof() {
+void tst_ExcelFile::openAndCloseWriteBofAndEof()
+{
     QVERIFY(m_dir.isValid());
     const QString path = freshPath();
     ExcelFile excel;
@@ -151,7 +160,8 @@ void tst_ExcelFile::openAndCloseWriteBofAndEof() {
     QCOMPARE(contentsOf(path), Bof + Eof);
 }
 
-void tst_ExcelFile::labelRecord_data() {
+void tst_ExcelFile::labelRecord_data()
+{
     QTest::addColumn<short>("row");
     QTest::addColumn<uchar>("col");
     QTest::addColumn<QString>("text");
@@ -169,7 +179,8 @@ void tst_ExcelFile::labelRecord_data() {
                                         << QByteArray::fromHex("0400 0900 fe7f fe00 000000 01 7a");
 }
 
-void tst_ExcelFile::labelRecord() {
+void tst_ExcelFile::labelRecord()
+{
     QFETCH(short, row);
     QFETCH(uchar, col);
     QFETCH(QString, text);
@@ -183,7 +194,8 @@ void tst_ExcelFile::labelRecord() {
     QCOMPARE(contentsOf(path), Bof + record + Eof);
 }
 
-void tst_ExcelFile::integerRecord_data() {
+void tst_ExcelFile::integerRecord_data()
+{
     QTest::addColumn<short>("row");
     QTest::addColumn<uchar>("col");
     QTest::addColumn<int>("value");
@@ -201,7 +213,8 @@ void tst_ExcelFile::integerRecord_data() {
                            << QByteArray::fromHex("0200 0900 0000 0900 000000 ffff");
 }
 
-void tst_ExcelFile::integerRecord() {
+void tst_ExcelFile::integerRecord()
+{
     QFETCH(short, row);
     QFETCH(uchar, col);
     QFETCH(int, value);
@@ -215,7 +228,8 @@ void tst_ExcelFile::integerRecord() {
     QCOMPARE(contentsOf(path), Bof + record + Eof);
 }
 
-void tst_ExcelFile::numberRecord_data() {
+void tst_ExcelFile::numberRecord_data()
+{
     QTest::addColumn<short>("row");
     QTest::addColumn<uchar>("col");
     QTest::addColumn<double>("value");
@@ -235,7 +249,8 @@ void tst_ExcelFile::numberRecord_data() {
         << QByteArray::fromHex("0300 0f00 0000 0000 000000 0000000000000080");
 }
 
-void tst_ExcelFile::numberRecord() {
+void tst_ExcelFile::numberRecord()
+{
     QFETCH(short, row);
     QFETCH(uchar, col);
     QFETCH(double, value);
@@ -250,7 +265,8 @@ void tst_ExcelFile::numberRecord() {
     QCOMPARE(contentsOf(path), Bof + record + Eof);
 }
 
-void tst_ExcelFile::recordsFollowEachOther() {
+void tst_ExcelFile::recordsFollowEachOther()
+{
     const QString path = freshPath();
     ExcelFile excel;
     excel.OpenFile(path);
@@ -266,7 +282,8 @@ void tst_ExcelFile::recordsFollowEachOther() {
     QCOMPARE(contentsOf(path), expected);
 }
 
-void tst_ExcelFile::labelOf247BytesAccepted() {
+void tst_ExcelFile::labelOf247BytesAccepted()
+{
     const QString path = freshPath();
     const QString text(247, QLatin1Char('w'));
     ExcelFile excel;
@@ -278,7 +295,8 @@ void tst_ExcelFile::labelOf247BytesAccepted() {
     QCOMPARE(contentsOf(path), Bof + header + text.toLatin1() + Eof);
 }
 
-void tst_ExcelFile::labelTooLongRefused_data() {
+void tst_ExcelFile::labelTooLongRefused_data()
+{
     QTest::addColumn<QString>("text");
 
     QTest::newRow("248 bytes") << QString(248, QLatin1Char('w'));
@@ -288,7 +306,8 @@ void tst_ExcelFile::labelTooLongRefused_data() {
     QTest::newRow("248 bytes from 124 characters") << QString(124, QChar(0x4E2D));
 }
 
-void tst_ExcelFile::labelTooLongRefused() {
+void tst_ExcelFile::labelTooLongRefused()
+{
     QFETCH(QString, text);
 
     const LocaleGuard locale("zh_CN.UTF-8");
@@ -300,7 +319,8 @@ void tst_ExcelFile::labelTooLongRefused() {
     QCOMPARE(contentsOf(path), Bof + Eof);
 }
 
-void tst_ExcelFile::integerOutOfRangeRefused_data() {
+void tst_ExcelFile::integerOutOfRangeRefused_data()
+{
     QTest::addColumn<int>("value");
 
     QTest::newRow("-1") << -1;
@@ -310,7 +330,8 @@ void tst_ExcelFile::integerOutOfRangeRefused_data() {
     QTest::newRow("INT_MAX") << INT_MAX;
 }
 
-void tst_ExcelFile::integerOutOfRangeRefused() {
+void tst_ExcelFile::integerOutOfRangeRefused()
+{
     QFETCH(int, value);
 
     const QString path = freshPath();
@@ -321,7 +342,8 @@ void tst_ExcelFile::integerOutOfRangeRefused() {
     QCOMPARE(contentsOf(path), Bof + Eof);
 }
 
-void tst_ExcelFile::cellOutsideSheetRefused_data() {
+void tst_ExcelFile::cellOutsideSheetRefused_data()
+{
     QTest::addColumn<short>("row");
     QTest::addColumn<uchar>("col");
 
@@ -331,7 +353,8 @@ void tst_ExcelFile::cellOutsideSheetRefused_data() {
     QTest::newRow("col 0") << short(1) << uchar(0);
 }
 
-void tst_ExcelFile::cellOutsideSheetRefused() {
+void tst_ExcelFile::cellOutsideSheetRefused()
+{
     QFETCH(short, row);
     QFETCH(uchar, col);
 
@@ -346,7 +369,8 @@ void tst_ExcelFile::cellOutsideSheetRefused() {
     QCOMPARE(contentsOf(path), Bof + Eof);
 }
 
-void tst_ExcelFile::existingLongerFileKeepsTrailingBytes() {
+void tst_ExcelFile::existingLongerFileKeepsTrailingBytes()
+{
     const QString path = freshPath();
     const QByteArray old(100, '\xEE');
     {
@@ -367,7 +391,8 @@ void tst_ExcelFile::existingLongerFileKeepsTrailingBytes() {
     QCOMPARE(contents.mid(written.size()), old.mid(written.size()));
 }
 
-void tst_ExcelFile::textOutsideCodePageBecomesQuestionMark() {
+void tst_ExcelFile::textOutsideCodePageBecomesQuestionMark()
+{
     const LocaleGuard locale("en_US.UTF-8");
     const QString path = freshPath();
     ExcelFile excel;
@@ -380,7 +405,8 @@ void tst_ExcelFile::textOutsideCodePageBecomesQuestionMark() {
     QCOMPARE(contentsOf(path), Bof + record + Eof);
 }
 
-void tst_ExcelFile::textInChineseCodePages_data() {
+void tst_ExcelFile::textInChineseCodePages_data()
+{
     QTest::addColumn<QByteArray>("lang");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QByteArray>("textBytes");
@@ -393,7 +419,8 @@ void tst_ExcelFile::textInChineseCodePages_data() {
                           << QByteArray::fromHex("a4a4");
 }
 
-void tst_ExcelFile::textInChineseCodePages() {
+void tst_ExcelFile::textInChineseCodePages()
+{
     QFETCH(QByteArray, lang);
     QFETCH(QString, text);
     QFETCH(QByteArray, textBytes);
@@ -411,7 +438,8 @@ void tst_ExcelFile::textInChineseCodePages() {
     QCOMPARE(contentsOf(path), Bof + header + textBytes + Eof);
 }
 
-void tst_ExcelFile::writeWithoutOpenFileThrows_data() {
+void tst_ExcelFile::writeWithoutOpenFileThrows_data()
+{
     QTest::addColumn<int>("kind");
 
     QTest::newRow("EWriteString") << 0;
@@ -420,7 +448,8 @@ void tst_ExcelFile::writeWithoutOpenFileThrows_data() {
     QTest::newRow("CloseFile") << 3;
 }
 
-void tst_ExcelFile::writeWithoutOpenFileThrows() {
+void tst_ExcelFile::writeWithoutOpenFileThrows()
+{
     QFETCH(int, kind);
 
     ExcelFile excel;
@@ -433,7 +462,8 @@ void tst_ExcelFile::writeWithoutOpenFileThrows() {
     QCOMPARE(errorNumberOf(calls[kind]), BadFileNameOrNumber);
 }
 
-void tst_ExcelFile::writeAfterCloseFileThrows() {
+void tst_ExcelFile::writeAfterCloseFileThrows()
+{
     const QString path = freshPath();
     ExcelFile excel;
     excel.OpenFile(path);
@@ -443,14 +473,16 @@ void tst_ExcelFile::writeAfterCloseFileThrows() {
     QCOMPARE(contentsOf(path), Bof + Eof);
 }
 
-void tst_ExcelFile::openFileThatCannotBeOpenedThrows_data() {
+void tst_ExcelFile::openFileThatCannotBeOpenedThrows_data()
+{
     QTest::addColumn<QString>("fileName");
 
     QTest::newRow("a directory") << m_dir.path();
     QTest::newRow("missing directory") << m_dir.filePath(QStringLiteral("missing/sheet.xls"));
 }
 
-void tst_ExcelFile::openFileThatCannotBeOpenedThrows() {
+void tst_ExcelFile::openFileThatCannotBeOpenedThrows()
+{
     QFETCH(QString, fileName);
 
     ExcelFile excel;
@@ -461,7 +493,8 @@ void tst_ExcelFile::openFileThatCannotBeOpenedThrows() {
     QCOMPARE(errorNumberOf([&] { excel.CloseFile(); }), BadFileNameOrNumber);
 }
 
-void tst_ExcelFile::writeFailureThrows() {
+void tst_ExcelFile::writeFailureThrows()
+{
     const QString full = QStringLiteral("/dev/full");
     if (!QFileInfo(full).isWritable())
         QSKIP("/dev/full is not available to simulate a full disk");
@@ -472,7 +505,8 @@ void tst_ExcelFile::writeFailureThrows() {
     QCOMPARE(errorNumberOf([&] { excel.CloseFile(); }), DeviceIoError);
 }
 
-void tst_ExcelFile::destructorClosesWithoutEof() {
+void tst_ExcelFile::destructorClosesWithoutEof()
+{
     const QString path = freshPath();
     {
         ExcelFile excel;
@@ -482,7 +516,8 @@ void tst_ExcelFile::destructorClosesWithoutEof() {
     QCOMPARE(contentsOf(path), Bof + QByteArray::fromHex("0200 0900 0100 0100 000000 0100"));
 }
 
-void tst_ExcelFile::reopenClosesFirstFileWithoutEof() {
+void tst_ExcelFile::reopenClosesFirstFileWithoutEof()
+{
     const QString first = freshPath();
     const QString second = first + QStringLiteral(".second.xls");
     ExcelFile excel;
@@ -493,7 +528,8 @@ void tst_ExcelFile::reopenClosesFirstFileWithoutEof() {
     QCOMPARE(contentsOf(second), Bof + Eof);
 }
 
-void tst_ExcelFile::xlrdReadsTheSheet() {
+void tst_ExcelFile::xlrdReadsTheSheet()
+{
     const QString python = pythonWithXlrd();
     if (python.isEmpty())
         QSKIP("python3 with xlrd is not installed (Debian package python3-xlrd; ./vemo installs "
