@@ -2,38 +2,11 @@
 #include "common/Locale.h"
 #include "common/VbLocale.h"
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 using namespace VemoGridLib;
-
-namespace {
-
-// Sets the three locale variables for one test row and restores them afterwards.
-class LocaleEnvironment
-{
-public:
-    LocaleEnvironment(const QByteArray& lcAll, const QByteArray& lcMessages, const QByteArray& lang)
-    {
-        for (const char* name : {"LC_ALL", "LC_MESSAGES", "LC_TIME", "LANG"})
-            m_saved.append({name, qgetenv(name)});
-        qputenv("LC_ALL", lcAll);
-        qputenv("LC_MESSAGES", lcMessages);
-        qputenv("LC_TIME", QByteArray());
-        qputenv("LANG", lang);
-    }
-    ~LocaleEnvironment()
-    {
-        for (const auto& [name, value] : m_saved)
-            qputenv(name, value);
-    }
-    LocaleEnvironment(const LocaleEnvironment&) = delete;
-    LocaleEnvironment& operator=(const LocaleEnvironment&) = delete;
-
-private:
-    QList<std::pair<const char*, QByteArray>> m_saved;
-};
-
-} // namespace
 
 class tst_Locale : public QObject
 {
@@ -87,7 +60,7 @@ void tst_Locale::systemLocale()
     QFETCH(QByteArray, lcAll);
     QFETCH(QByteArray, lcMessages);
     QFETCH(QByteArray, lang);
-    const LocaleEnvironment environment(lcAll, lcMessages, lang);
+    const VemoTest::ScopedLocale environment(lcAll, lcMessages, lang);
 
     QTEST(systemDefaultLcid(), "lcid");
     QTEST(int(languageIndex()), "index");
@@ -96,11 +69,11 @@ void tst_Locale::systemLocale()
 
 void tst_Locale::readOnEveryCall()
 {
-    const LocaleEnvironment environment({}, {}, "zh_CN.UTF-8");
+    const VemoTest::ScopedLocale environment({}, {}, "zh_CN.UTF-8");
     QCOMPARE(languageIndex(), SimplifiedChinese);
-    qputenv("LANG", "zh_TW.UTF-8");
+    VemoTest::ScopedLocale::set("LANG", "zh_TW.UTF-8");
     QCOMPARE(languageIndex(), TraditionalChinese);
-    qputenv("LANG", "en_GB.UTF-8");
+    VemoTest::ScopedLocale::set("LANG", "en_GB.UTF-8");
     QCOMPARE(languageIndex(), English);
 }
 
@@ -127,9 +100,9 @@ void tst_Locale::lcidFromLocaleName()
 
 void tst_Locale::userLocaleIsKeptApart()
 {
-    const LocaleEnvironment environment({}, "zh_TW.UTF-8", "en_US.UTF-8");
+    const VemoTest::ScopedLocale environment({}, "zh_TW.UTF-8", "en_US.UTF-8");
     QCOMPARE(vb::userLocale(), vb::VbLocale::EnUS);
-    qputenv("LC_TIME", "zh_CN.UTF-8");
+    VemoTest::ScopedLocale::set("LC_TIME", "zh_CN.UTF-8");
     QCOMPARE(vb::userLocale(), vb::VbLocale::ZhCN);
     QCOMPARE(languageIndex(), TraditionalChinese);
     QCOMPARE(userDefaultLcid(), 2052u);
@@ -164,9 +137,9 @@ void tst_Locale::toAnsiCodePage()
 
 void tst_Locale::toAnsiCodePageFollowsSystemLocale()
 {
-    const LocaleEnvironment environment({}, {}, "zh_CN.UTF-8");
+    const VemoTest::ScopedLocale environment({}, {}, "zh_CN.UTF-8");
     QCOMPARE(VemoGridLib::toAnsiCodePage(QString::fromUtf8("中")), QByteArray("\xD6\xD0"));
-    qputenv("LANG", "en_US.UTF-8");
+    VemoTest::ScopedLocale::set("LANG", "en_US.UTF-8");
     QCOMPARE(VemoGridLib::toAnsiCodePage(QString::fromUtf8("中")), QByteArray("?"));
 }
 

@@ -2,6 +2,8 @@
 // replaceable message and shell handlers.
 #include "common/Messages.h"
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 using namespace VemoGridLib;
@@ -35,7 +37,6 @@ class tst_Messages : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup();
     void messageByLocale_data();
     void messageByLocale();
     void languageIsReadAtEachMessage();
@@ -43,11 +44,6 @@ private slots:
     void emptyHandlerRestoresDefault();
     void shellOpenGoesThroughHandler();
 };
-
-void tst_Messages::cleanup()
-{
-    qputenv("LANG", "en_US.UTF-8");
-}
 
 void tst_Messages::messageByLocale_data()
 {
@@ -93,7 +89,7 @@ void tst_Messages::messageByLocale()
     QFETCH(QString, text);
     QFETCH(QString, title);
     QFETCH(MessageIcon, icon);
-    qputenv("LANG", lang);
+    const VemoTest::ScopedLocale locale(lang);
 
     MessageRecorder recorder;
     showMessage(id);
@@ -107,9 +103,9 @@ void tst_Messages::messageByLocale()
 void tst_Messages::languageIsReadAtEachMessage()
 {
     MessageRecorder recorder;
-    qputenv("LANG", "zh_CN.UTF-8");
+    const VemoTest::ScopedLocale locale("zh_CN.UTF-8");
     showMessage(MessageId::RefusedEmptyLine);
-    qputenv("LANG", "en_US.UTF-8");
+    VemoTest::ScopedLocale::set("LANG", "en_US.UTF-8");
     showMessage(MessageId::RefusedEmptyLine);
 
     QCOMPARE(recorder.messages.size(), 2);

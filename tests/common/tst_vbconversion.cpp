@@ -3,6 +3,8 @@
 #include "common/VbConversion.h"
 #include "common/VemoError.h"
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 #include <cmath>
@@ -10,8 +12,7 @@
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::vb;
-
-Q_DECLARE_METATYPE(VemoGridLib::vb::VbLocale)
+using VemoTest::errorNumberOf;
 
 namespace {
 
@@ -19,18 +20,6 @@ constexpr int NoError = 0;
 constexpr int InvalidCall = VemoError::InvalidProcedureCall;
 constexpr int Overflow = VemoError::Overflow;
 constexpr int TypeMismatch = VemoError::TypeMismatch;
-
-// Runs `call` and returns the VemoError number it throws, or NoError.
-template <typename Call>
-int errorOf(Call&& call)
-{
-    try {
-        call();
-    } catch (const VemoError& error) {
-        return error.number();
-    }
-    return NoError;
-}
 
 // Exact comparison (QCOMPARE on doubles is fuzzy), with both values in the message.
 bool sameDouble(double actual, double expected)
@@ -228,7 +217,7 @@ void tst_VbConversion::scanner()
 
     QCOMPARE(IsNumeric(text, locale), error == NoError);
     double actual = 0;
-    QCOMPARE(errorOf([&] { actual = CDbl(text, locale); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = CDbl(text, locale); }), error);
     if (error == NoError)
         QVERIFY2(sameDouble(actual, value), describe(actual, value));
 }
@@ -290,7 +279,7 @@ void tst_VbConversion::val()
     QFETCH(int, error);
 
     double actual = 0;
-    QCOMPARE(errorOf([&] { actual = Val(text); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = Val(text); }), error);
     if (error == NoError)
         QVERIFY2(sameDouble(actual, value), describe(actual, value));
 }
@@ -332,7 +321,7 @@ void tst_VbConversion::round()
     QFETCH(int, error);
 
     double actual = 0;
-    QCOMPARE(errorOf([&] { actual = Round(value, decimals); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = Round(value, decimals); }), error);
     if (error == NoError)
         QVERIFY2(sameDouble(actual, expected), describe(actual, expected));
 }
@@ -387,7 +376,7 @@ void tst_VbConversion::clng()
     QFETCH(int, error);
 
     qint32 actual = 0;
-    QCOMPARE(errorOf([&] { actual = CLng(value); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = CLng(value); }), error);
     if (error == NoError)
         QCOMPARE(actual, expected);
 }
@@ -421,7 +410,7 @@ void tst_VbConversion::clngText()
     QFETCH(int, error);
 
     qint32 actual = 0;
-    QCOMPARE(errorOf([&] { actual = CLng(text, VbLocale::EnUS); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = CLng(text, VbLocale::EnUS); }), error);
     if (error == NoError)
         QCOMPARE(actual, expected);
 }
@@ -450,7 +439,7 @@ void tst_VbConversion::cint()
     QFETCH(int, error);
 
     qint16 actual = 0;
-    QCOMPARE(errorOf([&] { actual = CInt(value); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = CInt(value); }), error);
     if (error == NoError)
         QCOMPARE(actual, expected);
 }
@@ -499,7 +488,7 @@ void tst_VbConversion::cbool()
     QFETCH(int, error);
 
     bool actual = false;
-    QCOMPARE(errorOf([&] { actual = CBool(text, locale); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = CBool(text, locale); }), error);
     if (error == NoError)
         QCOMPARE(actual, expected);
 }

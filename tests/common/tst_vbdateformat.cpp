@@ -5,19 +5,15 @@
 #include "common/VbFormat.h"
 #include "common/VbFormat_p.h"
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::vb;
-
-Q_DECLARE_METATYPE(VemoGridLib::vb::VbLocale)
+using VemoTest::dt;
 
 namespace {
-
-QDateTime dt(int y, int m, int d, int h = 0, int n = 0, int s = 0)
-{
-    return QDateTime(QDate(y, m, d), QTime(h, n, s), Qt::UTC);
-}
 
 // §11's reference value: serial 2.525 = 1900-01-01 12:36:00, a Monday.
 QDateTime reference()

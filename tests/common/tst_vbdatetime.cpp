@@ -3,6 +3,8 @@
 #include "common/VbDateTime.h"
 #include "common/VemoError.h"
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 #include <cmath>
@@ -10,27 +12,10 @@
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::vb;
-
-Q_DECLARE_METATYPE(VemoGridLib::vb::VbLocale)
+using VemoTest::dt;
+using VemoTest::errorNumberOf;
 
 namespace {
-
-QDateTime dt(int y, int m, int d, int h = 0, int n = 0, int s = 0)
-{
-    return QDateTime(QDate(y, m, d), QTime(h, n, s), Qt::UTC);
-}
-
-// The error number a call throws, or 0 when it does not throw.
-template <typename F>
-int errorOf(F&& call)
-{
-    try {
-        call();
-    } catch (const VemoError& e) {
-        return e.number();
-    }
-    return 0;
-}
 
 int thisYear()
 {
@@ -147,7 +132,7 @@ void tst_VbDateTime::serialRange()
 {
     QFETCH(double, serial);
     QFETCH(int, error);
-    QCOMPARE(errorOf([&] { SerialToDate(serial); }), error);
+    QCOMPARE(errorNumberOf([&] { SerialToDate(serial); }), error);
 }
 
 // §1: building a date from parts rolls over like DateSerial.
@@ -187,10 +172,10 @@ void tst_VbDateTime::dateSerial()
 
 void tst_VbDateTime::dateSerialErrors()
 {
-    QCOMPARE(errorOf([] { DateSerial(100, 1, 0); }), 5);
-    QCOMPARE(errorOf([] { DateSerial(9999, 13, 1); }), 5);
-    QCOMPARE(errorOf([] { DateSerial(10000, 1, 1); }), 5);
-    QCOMPARE(errorOf([] { DateSerial(-1, 1, 1); }), 5);
+    QCOMPARE(errorNumberOf([] { DateSerial(100, 1, 0); }), 5);
+    QCOMPARE(errorNumberOf([] { DateSerial(9999, 13, 1); }), 5);
+    QCOMPARE(errorNumberOf([] { DateSerial(10000, 1, 1); }), 5);
+    QCOMPARE(errorNumberOf([] { DateSerial(-1, 1, 1); }), 5);
 }
 
 // §9, every row and quoted example, with §15's locale differences.
@@ -324,7 +309,7 @@ void tst_VbDateTime::isDate()
         QCOMPARE(result, date);
         QCOMPARE(result.timeSpec(), Qt::UTC);
     } else {
-        QCOMPARE(errorOf([&] { CDate(text, locale); }), 13);
+        QCOMPARE(errorNumberOf([&] { CDate(text, locale); }), 13);
     }
 }
 
@@ -425,7 +410,7 @@ void tst_VbDateTime::dateAddErrors()
     QFETCH(QString, interval);
     QFETCH(double, number);
     QFETCH(QDateTime, date);
-    QCOMPARE(errorOf([&] { DateAdd(interval, number, date); }), 5);
+    QCOMPARE(errorNumberOf([&] { DateAdd(interval, number, date); }), 5);
 }
 
 // §13 DateDiff: calendar units count boundaries crossed; times are ignored for days.
@@ -483,8 +468,10 @@ void tst_VbDateTime::dateDiff()
 
 void tst_VbDateTime::dateDiffUnknownInterval()
 {
-    QCOMPARE(errorOf([] { DateDiff(QStringLiteral("x"), dt(2024, 2, 1), dt(2024, 2, 2)); }), 5);
-    QCOMPARE(errorOf([] { DateDiff(QStringLiteral("mm"), dt(2024, 2, 1), dt(2024, 2, 2)); }), 5);
+    QCOMPARE(errorNumberOf([] { DateDiff(QStringLiteral("x"), dt(2024, 2, 1), dt(2024, 2, 2)); }),
+             5);
+    QCOMPARE(errorNumberOf([] { DateDiff(QStringLiteral("mm"), dt(2024, 2, 1), dt(2024, 2, 2)); }),
+             5);
 }
 
 // §13 Weekday: 1 Sunday .. 7 Saturday whatever the locale; §11's w vector for firstdayofweek.
@@ -515,8 +502,8 @@ void tst_VbDateTime::weekday()
 
 void tst_VbDateTime::weekdayInvalidFirstDay()
 {
-    QCOMPARE(errorOf([] { Weekday(dt(2024, 2, 1), 8); }), 5);
-    QCOMPARE(errorOf([] { Weekday(dt(2024, 2, 1), -1); }), 5);
+    QCOMPARE(errorNumberOf([] { Weekday(dt(2024, 2, 1), 8); }), 5);
+    QCOMPARE(errorNumberOf([] { Weekday(dt(2024, 2, 1), -1); }), 5);
 }
 
 // §16: the spec's own worked examples that use the date functions.

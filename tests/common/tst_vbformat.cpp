@@ -5,12 +5,12 @@
 #include "common/VbConversion.h"
 #include "common/VbFormat.h"
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::vb;
-
-Q_DECLARE_METATYPE(VemoGridLib::vb::VbLocale)
 
 class tst_VbFormat : public QObject
 {

@@ -3,27 +3,17 @@
 #include "common/VbStrings.h"
 #include "common/VemoError.h"
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::vb;
-
-Q_DECLARE_METATYPE(VemoGridLib::vb::CompareMethod)
+using VemoTest::errorNumberOf;
 
 namespace {
 
 constexpr int NoError = 0;
-
-template <typename Call>
-int errorOf(Call&& call)
-{
-    try {
-        call();
-    } catch (const VemoError& error) {
-        return error.number();
-    }
-    return NoError;
-}
 
 } // namespace
 
@@ -185,7 +175,7 @@ void tst_VbStrings::inStr()
     QFETCH(int, error);
 
     int actual = 0;
-    QCOMPARE(errorOf([&] { actual = InStr(start, s1, s2, compare); }), error);
+    QCOMPARE(errorNumberOf([&] { actual = InStr(start, s1, s2, compare); }), error);
     if (error == NoError)
         QCOMPARE(actual, expected);
 }

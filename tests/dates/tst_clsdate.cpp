@@ -3,13 +3,17 @@
 
 #include "common/VemoError.h"
 
+#include "VemoTestSupport.h"
 #include <QDate>
+
 #include <QTest>
 
 #include <optional>
 
 using namespace VemoGridLib;
 using namespace Qt::StringLiterals;
+using VemoTest::errorNumberOf;
+using VemoTest::ScopedLocale;
 
 namespace {
 
@@ -32,51 +36,6 @@ void initDate(clsDate& engine, const QDate& date)
 {
     engine.sInitDate(date.year(), date.month(), date.day());
 }
-
-template <typename Call>
-qint32 errorNumberOf(Call&& call)
-{
-    try {
-        call();
-    } catch (const VemoError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
-// Points the locale variables that Part 1.12 reads at one locale, and puts them back after.
-class ScopedLocale
-{
-public:
-    explicit ScopedLocale(const QByteArray& localeName)
-    {
-        for (const char* name : Names) {
-            m_saved.push_back({name, qEnvironmentVariableIsSet(name), qgetenv(name)});
-            qunsetenv(name);
-        }
-        qputenv("LANG", localeName);
-    }
-    ~ScopedLocale()
-    {
-        for (const Saved& saved : m_saved) {
-            if (saved.wasSet)
-                qputenv(saved.name, saved.value);
-            else
-                qunsetenv(saved.name);
-        }
-    }
-    Q_DISABLE_COPY_MOVE(ScopedLocale)
-
-private:
-    static constexpr const char* Names[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
-    struct Saved
-    {
-        const char* name;
-        bool wasSet;
-        QByteArray value;
-    };
-    std::vector<Saved> m_saved;
-};
 
 // A lunar month follows another: the leap month after the ordinary month of its number, the
 // next ordinary month, or the first month of the next year after the twelfth.

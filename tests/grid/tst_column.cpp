@@ -2,11 +2,13 @@
 #include "common/VemoError.h"
 #include "grid/Column.h"
 
+#include "VemoTestSupport.h"
 #include <QMetaProperty>
 #include <QStandardItemModel>
+
 #include <QTest>
 
-#include <functional>
+#include <optional>
 
 using namespace VemoGridLib;
 
@@ -16,15 +18,12 @@ const QString CurrencyFormat = QStringLiteral("#,##0.00");
 const QString DecimalRefusal = QStringLiteral("Can't set decimal lenght to this column");
 constexpr qint32 InvalidProcedureCallNumber = 5;
 
-// Runs `action`, which must throw a VemoError, and returns that error's number and description.
-std::pair<qint32, QString> errorOf(const std::function<void()>& action)
+// The number and description of the VemoError that `action` throws; 0 and "" when none.
+template <typename Action>
+std::pair<qint32, QString> errorOf(Action&& action)
 {
-    try {
-        action();
-    } catch (const VemoError& error) {
-        return {error.number(), error.description()};
-    }
-    return {0, QString()};
+    const std::optional<VemoError> error = VemoTest::errorOf(std::forward<Action>(action));
+    return error ? std::pair(error->number(), error->description()) : std::pair(0, QString());
 }
 
 } // namespace

@@ -2,11 +2,13 @@
 #include "common/VemoError.h"
 #include "grid/ExcelFile.h"
 
+#include "VemoTestSupport.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+
 #include <QTest>
 
 #include <climits>
@@ -15,6 +17,8 @@
 #include <vector>
 
 using namespace VemoGridLib;
+using VemoTest::errorNumberOf;
+using VemoTest::ScopedLocale;
 
 namespace {
 
@@ -28,17 +32,6 @@ constexpr qint32 BadFileNameOrNumber = 52;
 constexpr qint32 DeviceIoError = 57;
 constexpr qint32 PathFileAccessError = 75;
 
-// Runs `action` and returns the number of the VemoError it throws, 0 when it throws none.
-qint32 errorNumberOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const VemoError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
 QByteArray contentsOf(const QString& path)
 {
     QFile file(path);
@@ -46,37 +39,6 @@ QByteArray contentsOf(const QString& path)
         return {};
     return file.readAll();
 }
-
-// Sets the locale variables Part 1.12 reads for the lifetime of the guard, then restores them.
-class LocaleGuard
-{
-public:
-    explicit LocaleGuard(const QByteArray& lang)
-    {
-        for (const char* name : Names) {
-            saved.push_back(qEnvironmentVariableIsSet(name)
-                                ? std::optional<QByteArray>(qgetenv(name))
-                                : std::nullopt);
-            qunsetenv(name);
-        }
-        qputenv("LANG", lang);
-    }
-    ~LocaleGuard()
-    {
-        for (std::size_t i = 0; i < std::size(Names); ++i) {
-            if (saved[i])
-                qputenv(Names[i], *saved[i]);
-            else
-                qunsetenv(Names[i]);
-        }
-    }
-    LocaleGuard(const LocaleGuard&) = delete;
-    LocaleGuard& operator=(const LocaleGuard&) = delete;
-
-private:
-    static constexpr const char* Names[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
-    std::vector<std::optional<QByteArray>> saved;
-};
 
 // The interpreter that can import xlrd: Debian's python3-xlrd lives in /usr/bin/python3, which a
 // python3 earlier on PATH (pyenv, a venv) may not see.
@@ -310,7 +272,7 @@ void tst_ExcelFile::labelTooLongRefused()
 {
     QFETCH(QString, text);
 
-    const LocaleGuard locale("zh_CN.UTF-8");
+    const ScopedLocale locale("zh_CN.UTF-8");
     const QString path = freshPath();
     ExcelFile excel;
     excel.OpenFile(path);
@@ -393,7 +355,7 @@ void tst_ExcelFile::existingLongerFileKeepsTrailingBytes()
 
 void tst_ExcelFile::textOutsideCodePageBecomesQuestionMark()
 {
-    const LocaleGuard locale("en_US.UTF-8");
+    const ScopedLocale locale("en_US.UTF-8");
     const QString path = freshPath();
     ExcelFile excel;
     excel.OpenFile(path);
@@ -425,7 +387,7 @@ void tst_ExcelFile::textInChineseCodePages()
     QFETCH(QString, text);
     QFETCH(QByteArray, textBytes);
 
-    const LocaleGuard locale(lang);
+    const ScopedLocale locale(lang);
     const QString path = freshPath();
     ExcelFile excel;
     excel.OpenFile(path);
@@ -535,7 +497,7 @@ void tst_ExcelFile::xlrdReadsTheSheet()
         QSKIP("python3 with xlrd is not installed (Debian package python3-xlrd; ./vemo installs "
               "it): the BIFF2 read-back is not checked");
 
-    const LocaleGuard locale("en_US.UTF-8");
+    const ScopedLocale locale("en_US.UTF-8");
     const QString path = freshPath();
     ExcelFile excel;
     excel.OpenFile(path);

@@ -1,0 +1,98 @@
+// Helpers shared by the test executables: caught errors, VB dates, and scoped locales.
+#pragma once
+
+#include "common/VbLocale.h"
+#include "common/VbStrings.h"
+#include "common/VemoError.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QMetaType>
+
+#include <optional>
+#include <vector>
+
+Q_DECLARE_METATYPE(VemoGridLib::vb::VbLocale)
+Q_DECLARE_METATYPE(VemoGridLib::vb::CompareMethod)
+
+namespace VemoTest {
+
+/// The VemoError that `call` throws, or nothing when it returns normally.
+template <typename Call>
+std::optional<VemoGridLib::VemoError> errorOf(Call&& call)
+{
+    try {
+        call();
+    } catch (const VemoGridLib::VemoError& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+/// The number of the VemoError that `call` throws, or 0 when it returns normally.
+template <typename Call>
+qint32 errorNumberOf(Call&& call)
+{
+    const std::optional<VemoGridLib::VemoError> error = errorOf(std::forward<Call>(call));
+    return error ? error->number() : 0;
+}
+
+/// A VB date value as the runtime carries it: a plain wall-clock QDateTime in Qt::UTC.
+inline QDateTime dt(int year, int month, int day, int hour = 0, int minute = 0, int second = 0)
+{
+    return QDateTime(QDate(year, month, day), QTime(hour, minute, second), Qt::UTC);
+}
+
+/// Points the locale variables that the library reads (LC_ALL, LC_MESSAGES, LC_TIME, LANG) at
+/// the given values for one scope, and restores them afterwards. An empty value unsets it.
+class ScopedLocale
+{
+public:
+    /// LANG = `lang`, the others unset.
+    explicit ScopedLocale(const QByteArray& lang)
+        : ScopedLocale({}, {}, lang)
+    {}
+
+    ScopedLocale(const QByteArray& lcAll, const QByteArray& lcMessages, const QByteArray& lang)
+    {
+        for (const char* name : {"LC_ALL", "LC_MESSAGES", "LC_TIME", "LANG"})
+            m_saved.push_back({name, qEnvironmentVariableIsSet(name), qgetenv(name)});
+        set("LC_ALL", lcAll);
+        set("LC_MESSAGES", lcMessages);
+        set("LC_TIME", {});
+        set("LANG", lang);
+    }
+
+    ~ScopedLocale()
+    {
+        for (const Saved& saved : m_saved) {
+            if (saved.wasSet)
+                qputenv(saved.name, saved.value);
+            else
+                qunsetenv(saved.name);
+        }
+    }
+
+    ScopedLocale(const ScopedLocale&) = delete;
+    ScopedLocale& operator=(const ScopedLocale&) = delete;
+
+    /// Changes one variable inside the scope; it is restored with the others.
+    static void set(const char* name, const QByteArray& value)
+    {
+        if (value.isEmpty())
+            qunsetenv(name);
+        else
+            qputenv(name, value);
+    }
+
+private:
+    struct Saved
+    {
+        const char* name;
+        bool wasSet;
+        QByteArray value;
+    };
+    std::vector<Saved> m_saved;
+};
+
+} // namespace VemoTest
