@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cerrno>
 #include <iconv.h>
 #include <memory>
@@ -142,6 +143,9 @@ QByteArray toAnsiCodePage(const QString& text)
 
 QByteArray toAnsiCodePage(const QString& text, int codePage)
 {
+    // ASCII is the same in every supported code page; most cell texts take this path.
+    if (std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; }))
+        return text.toLatin1();
     QByteArray input = text.toUtf8();
     const IconvHandle converter(iconv_open(iconvNameOfCodePage(codePage), "UTF-8"));
     if (converter.get() == reinterpret_cast<void*>(-1))
