@@ -129,82 +129,123 @@ qsizetype runLength(const QString& s, qsizetype i)
 // Splits the first section of a date format into tokens (§11): letter case does not matter;
 // runs longer than the longest token start a new token ("yyy" = "yy" + "y"); \x and "text" are
 // literals, as is any other character.
-QList<Token> tokenize(const QString& format)
+class FormatTokenizer
 {
-    QList<Token> tokens;
-    auto literal = [&tokens](QStringView text) {
-        if (!tokens.isEmpty() && tokens.last().kind == Kind::Literal)
-            tokens.last().text += text;
-        else
-            tokens.append({Kind::Literal, text.toString(), {}});
-    };
-    auto add = [&tokens](Kind kind) {
-        tokens.append({kind, {}, {}});
-    };
+public:
+    explicit FormatTokenizer(const QString& format)
+        : m_format(format)
+    {}
 
-    const qsizetype n = format.size();
-    qsizetype i = 0;
-    while (i < n) {
-        const QChar c = format.at(i);
-        if (c == u'"') {
-            qsizetype end = format.indexOf(u'"', i + 1);
-            if (end < 0)
-                end = n;
-            literal(QStringView(format).mid(i + 1, end - i - 1));
-            i = end + 1;
-            continue;
-        }
-        if (c == u'\\') {
-            if (i + 1 < n)
-                literal(QStringView(format).mid(i + 1, 1));
-            i += 2;
-            continue;
-        }
-        if (c == u';')
-            break;
-        if (matchesAt(format, i, QLatin1String("am/pm"))) {
-            tokens.append({Kind::AmPm, format.mid(i, 2), format.mid(i + 3, 2)});
-            i += 5;
-            continue;
-        }
-        if (matchesAt(format, i, QLatin1String("ampm"))) {
-            add(Kind::AmPmLocale);
-            i += 4;
-            continue;
-        }
-        if (matchesAt(format, i, QLatin1String("a/p"))) {
-            tokens.append({Kind::AmPmLetter, format.mid(i, 1), format.mid(i + 2, 1)});
-            i += 3;
-            continue;
-        }
-        if (const QList<Kind>* kinds = letterTokens(c)) {
-            // Greedy: the longest token the run allows, then the rest of the run.
-            for (qsizetype run = runLength(format, i); run > 0;) {
-                qsizetype take = std::min(run, kinds->size());
-                while (kinds->at(take - 1) == Kind::Literal)
-                    --take;
-                add(kinds->at(take - 1));
-                i += take;
-                run -= take;
-            }
-            continue;
-        }
-        switch (c.unicode()) {
-        case u':':
-            add(Kind::TimeSep);
-            ++i;
-            continue;
-        case u'/':
-            add(Kind::DateSep);
-            ++i;
-            continue;
-        default:
-            literal(QStringView(format).mid(i, 1));
-            ++i;
-        }
+    QList<Token> readFirstSection() &&
+    {
+        while (m_pos < m_format.size() && m_format.at(m_pos) != u';')
+            readNext();
+        return std::move(m_tokens);
     }
 
-    // m / mm right after an hour token (a ':' between is fine) is the minute, once.
+private:
+    void readNext()
+    {
+        const QChar c = m_format.at(m_pos);
+        if (c == u'"')
+            readQuotedText();
+        else if (c == u'\\')
+            readEscapedCharacter();
+        else if (!readAmPm() && !readLetterRun(c))
+            readOtherCharacter(c);
+    }
+
+    // An unterminated quote runs to the end of the format.
+    void readQuotedText()
+    {
+        qsizetype end = m_format.indexOf(u'"', m_pos + 1);
+        if (end < 0)
+            end = m_format.size();
+        appendLiteral(QStringView(m_format).mid(m_pos + 1, end - m_pos - 1));
+        m_pos = end + 1;
+    }
+
+    void readEscapedCharacter()
+    {
+        if (m_pos + 1 < m_format.size())
+            appendLiteral(QStringView(m_format).mid(m_pos + 1, 1));
+        m_pos += 2;
+    }
+
+    // "AM/PM", "AMPM" or "A/P" in any letter case; false when none starts here.
+    bool readAmPm()
+    {
+        if (matchesAt(m_format, m_pos, QLatin1String("am/pm"))) {
+            m_tokens.append({Kind::AmPm, m_format.mid(m_pos, 2), m_format.mid(m_pos + 3, 2)});
+            m_pos += 5;
+        } else if (matchesAt(m_format, m_pos, QLatin1String("ampm"))) {
+            append(Kind::AmPmLocale);
+            m_pos += 4;
+        } else if (matchesAt(m_format, m_pos, QLatin1String("a/p"))) {
+            m_tokens.append({Kind::AmPmLetter, m_format.mid(m_pos, 1), m_format.mid(m_pos + 2, 1)});
+            m_pos += 3;
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    // A run of one token letter; false when the letter is no token.
+    bool readLetterRun(QChar letter)
+    {
+        const QList<Kind>* kinds = letterTokens(letter);
+        if (!kinds)
+            return false;
+        // Greedy: the longest token the run allows, then the rest of the run.
+        for (qsizetype run = runLength(m_format, m_pos); run > 0;) {
+            const qsizetype take = longestTokenLength(*kinds, run);
+            append(kinds->at(take - 1));
+            m_pos += take;
+            run -= take;
+        }
+        return true;
+    }
+
+    // How many letters of the run the next token takes: no more than the longest token, and
+    // never a length with no token of its own.
+    static qsizetype longestTokenLength(const QList<Kind>& kinds, qsizetype run)
+    {
+        qsizetype take = std::min(run, kinds.size());
+        while (kinds.at(take - 1) == Kind::Literal)
+            --take;
+        return take;
+    }
+
+    void readOtherCharacter(QChar c)
+    {
+        if (c == u':')
+            append(Kind::TimeSep);
+        else if (c == u'/')
+            append(Kind::DateSep);
+        else
+            appendLiteral(QStringView(m_format).mid(m_pos, 1));
+        ++m_pos;
+    }
+
+    void append(Kind kind) { m_tokens.append({kind, {}, {}}); }
+
+    // Adjacent literal text makes one token.
+    void appendLiteral(QStringView text)
+    {
+        if (!m_tokens.isEmpty() && m_tokens.last().kind == Kind::Literal)
+            m_tokens.last().text += text;
+        else
+            m_tokens.append({Kind::Literal, text.toString(), {}});
+    }
+
+    const QString& m_format;
+    qsizetype m_pos = 0;
+    QList<Token> m_tokens;
+};
+
+// m / mm right after an hour token (a ':' between is fine) is the minute, once.
+void markMinutesAfterHours(QList<Token>& tokens)
+{
     bool afterHour = false;
     for (Token& t : tokens) {
         switch (t.kind) {
@@ -224,6 +265,12 @@ QList<Token> tokenize(const QString& format)
             afterHour = false;
         }
     }
+}
+
+QList<Token> tokenize(const QString& format)
+{
+    QList<Token> tokens = FormatTokenizer(format).readFirstSection();
+    markMinutesAfterHours(tokens);
     return tokens;
 }
 
@@ -245,124 +292,163 @@ std::pair<QDate, QTime> dateParts(const QDateTime& value)
     return {date, QTime(0, 0).addSecs(seconds)};
 }
 
+// Whether the format has an AM/PM token, which puts its hours on the 12-hour clock.
+bool hasAmPm(const QList<Token>& tokens)
+{
+    return std::any_of(tokens.begin(), tokens.end(), [](const Token& t) {
+        return t.kind == Kind::AmPm || t.kind == Kind::AmPmLetter || t.kind == Kind::AmPmLocale;
+    });
+}
+
+// The hour as written: 1 .. 12 on the 12-hour clock, else 0 .. 23.
+int clockHour(int hour, bool twelveHour)
+{
+    if (!twelveHour)
+        return hour;
+    return hour % 12 == 0 ? 12 : hour % 12;
+}
+
+// Declared ahead of DateRenderer, which renders the locale's formats for ddddd and dddddd.
+QString render(const QString& format, QDate date, QTime time, VbLocale locale);
+
+// The text of each date format token for one date and time in a locale.
+class DateRenderer
+{
+public:
+    DateRenderer(QDate date, QTime time, VbLocale locale, bool twelveHour)
+        : m_date(date)
+        , m_time(time)
+        , m_locale(locale)
+        , m_names(formatsFor(locale))
+        , m_zh(locale == VbLocale::ZhCN)
+        , m_weekday(Weekday(QDateTime(date, time, Qt::UTC))) // 1 Sunday .. 7 Saturday
+        , m_hour(clockHour(time.hour(), twelveHour))
+        , m_morning(time.hour() < 12)
+    {}
+
+    QString text(const Token& t) const
+    {
+        switch (t.kind) {
+        case Kind::Literal:
+            return t.text;
+        case Kind::TimeSep:
+            return QStringLiteral(":"); // en-US and zh-CN
+        case Kind::DateSep:
+            return QStringLiteral("/"); // en-US and zh-CN
+        case Kind::ShortDate:
+            return render(m_names.shortDate, m_date, m_time, m_locale);
+        case Kind::LongDate:
+            return render(m_names.longDate, m_date, m_time, m_locale);
+        case Kind::DayAbbr:
+        case Kind::DayName:
+            return dayName(t.kind == Kind::DayAbbr);
+        case Kind::MonthAbbr:
+        case Kind::MonthName:
+            return monthName(t.kind == Kind::MonthAbbr);
+        case Kind::AmPm:
+            return m_zh ? localeAmPm() : writtenAmPm(t);
+        case Kind::AmPmLetter:
+            return writtenAmPm(t);
+        case Kind::AmPmLocale:
+            return localeAmPm();
+        default:
+            return numberText(t.kind);
+        }
+    }
+
+private:
+    // en-US abbreviates to three letters; zh-CN writes "星期一" for both.
+    QString dayName(bool abbreviated) const
+    {
+        if (m_zh)
+            return QString::fromUtf16(kZhDays[m_weekday - 1]);
+        const QString name = QString::fromLatin1(kEnDays[m_weekday - 1]);
+        return abbreviated ? name.left(3) : name;
+    }
+
+    QString monthName(bool abbreviated) const
+    {
+        const int month = m_date.month();
+        if (m_zh)
+            return abbreviated ? QStringLiteral("%1月").arg(month)
+                               : QString::fromUtf16(kZhMonths[month - 1]);
+        const QString name = QString::fromLatin1(kEnMonths[month - 1]);
+        return abbreviated ? name.left(3) : name;
+    }
+
+    // The halves as the format writes them.
+    QString writtenAmPm(const Token& t) const { return m_morning ? t.text : t.alt; }
+    QString localeAmPm() const { return m_morning ? m_names.am : m_names.pm; }
+
+    QString numberText(Kind kind) const
+    {
+        const bool twoDigit = kind == Kind::Day2 || kind == Kind::Month2 || kind == Kind::Year2 ||
+                              kind == Kind::Hour2 || kind == Kind::Minute2 || kind == Kind::Second2;
+        const int value = number(kind);
+        return twoDigit ? twoDigits(value) : QString::number(value);
+    }
+
+    // The number a numeric token writes.
+    int number(Kind kind) const
+    {
+        switch (kind) {
+        case Kind::Day:
+        case Kind::Day2:
+            return m_date.day();
+        case Kind::Weekday:
+            return m_weekday;
+        case Kind::WeekOfYear:
+            return weekOfYear();
+        case Kind::Month:
+        case Kind::Month2:
+            return m_date.month();
+        case Kind::Quarter:
+            return (m_date.month() - 1) / 3 + 1;
+        case Kind::DayOfYear:
+            return m_date.dayOfYear();
+        case Kind::Year2:
+            return m_date.year() % 100;
+        case Kind::Year4:
+            return m_date.year();
+        case Kind::Hour:
+        case Kind::Hour2:
+            return m_hour;
+        case Kind::Minute:
+        case Kind::Minute2:
+            return m_time.minute();
+        case Kind::Second:
+        case Kind::Second2:
+            return m_time.second();
+        default:
+            Q_UNREACHABLE(); // text() writes every other kind itself
+        }
+    }
+
+    // Weeks start on Sunday; the week holding 1 January is week 1.
+    int weekOfYear() const
+    {
+        const int jan1Offset =
+            Weekday(QDateTime(QDate(m_date.year(), 1, 1), QTime(0, 0), Qt::UTC)) - 1;
+        return (m_date.dayOfYear() - 1 + jan1Offset) / 7 + 1;
+    }
+
+    const QDate m_date;
+    const QTime m_time;
+    const VbLocale m_locale;
+    const LocaleFormats& m_names;
+    const bool m_zh;
+    const int m_weekday;
+    const int m_hour;
+    const bool m_morning;
+};
+
 QString render(const QString& format, QDate date, QTime time, VbLocale locale)
 {
     const QList<Token> tokens = tokenize(format);
-    const bool twelveHour = std::any_of(tokens.begin(), tokens.end(), [](const Token& t) {
-        return t.kind == Kind::AmPm || t.kind == Kind::AmPmLetter || t.kind == Kind::AmPmLocale;
-    });
-    const bool zh = locale == VbLocale::ZhCN;
-    const LocaleFormats& names = formatsFor(locale);
-    const QDateTime value(date, time, Qt::UTC);
-    const int weekday = Weekday(value); // 1 Sunday .. 7 Saturday
-    const bool morning = time.hour() < 12;
-    int hour = time.hour();
-    if (twelveHour) {
-        hour %= 12;
-        if (hour == 0)
-            hour = 12;
-    }
-
+    const DateRenderer renderer(date, time, locale, hasAmPm(tokens));
     QString out;
-    for (const Token& t : tokens) {
-        switch (t.kind) {
-        case Kind::Literal:
-            out += t.text;
-            break;
-        case Kind::Day:
-            out += QString::number(date.day());
-            break;
-        case Kind::Day2:
-            out += twoDigits(date.day());
-            break;
-        case Kind::DayAbbr:
-            out += zh ? QString::fromUtf16(kZhDays[weekday - 1])
-                      : QString::fromLatin1(kEnDays[weekday - 1]).left(3);
-            break;
-        case Kind::DayName:
-            out += zh ? QString::fromUtf16(kZhDays[weekday - 1])
-                      : QString::fromLatin1(kEnDays[weekday - 1]);
-            break;
-        case Kind::ShortDate:
-            out += render(names.shortDate, date, time, locale);
-            break;
-        case Kind::LongDate:
-            out += render(names.longDate, date, time, locale);
-            break;
-        case Kind::Weekday:
-            out += QString::number(weekday);
-            break;
-        case Kind::WeekOfYear: {
-            // Weeks start on Sunday; the week holding 1 January is week 1.
-            const int jan1Offset =
-                Weekday(QDateTime(QDate(date.year(), 1, 1), QTime(0, 0), Qt::UTC)) - 1;
-            out += QString::number((date.dayOfYear() - 1 + jan1Offset) / 7 + 1);
-            break;
-        }
-        case Kind::Month:
-            out += QString::number(date.month());
-            break;
-        case Kind::Month2:
-            out += twoDigits(date.month());
-            break;
-        case Kind::MonthAbbr:
-            out += zh ? QStringLiteral("%1月").arg(date.month())
-                      : QString::fromLatin1(kEnMonths[date.month() - 1]).left(3);
-            break;
-        case Kind::MonthName:
-            out += zh ? QString::fromUtf16(kZhMonths[date.month() - 1])
-                      : QString::fromLatin1(kEnMonths[date.month() - 1]);
-            break;
-        case Kind::Minute:
-            out += QString::number(time.minute());
-            break;
-        case Kind::Minute2:
-            out += twoDigits(time.minute());
-            break;
-        case Kind::Quarter:
-            out += QString::number((date.month() - 1) / 3 + 1);
-            break;
-        case Kind::DayOfYear:
-            out += QString::number(date.dayOfYear());
-            break;
-        case Kind::Year2:
-            out += twoDigits(date.year() % 100);
-            break;
-        case Kind::Year4:
-            out += QString::number(date.year());
-            break;
-        case Kind::Hour:
-            out += QString::number(hour);
-            break;
-        case Kind::Hour2:
-            out += twoDigits(hour);
-            break;
-        case Kind::Second:
-            out += QString::number(time.second());
-            break;
-        case Kind::Second2:
-            out += twoDigits(time.second());
-            break;
-        case Kind::AmPm:
-            if (zh)
-                out += morning ? names.am : names.pm;
-            else
-                out += morning ? t.text : t.alt;
-            break;
-        case Kind::AmPmLetter:
-            out += morning ? t.text : t.alt;
-            break;
-        case Kind::AmPmLocale:
-            out += morning ? names.am : names.pm;
-            break;
-        case Kind::TimeSep:
-            out += u':';
-            break; // en-US and zh-CN
-        case Kind::DateSep:
-            out += u'/';
-            break; // en-US and zh-CN
-        }
-    }
+    for (const Token& t : tokens)
+        out += renderer.text(t);
     return out;
 }
 

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace VemoGridLib::vb {
 
@@ -167,67 +169,134 @@ const Words& wordsFor(VbLocale locale)
     return tables[locale == VbLocale::ZhCN ? 1 : 0];
 }
 
+// Any separator but a blank: these may neither follow one another nor stand at either end.
+bool isPunctuation(Sep s)
+{
+    return s != Sep::None && s != Sep::Blank;
+}
+
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
 // Splits the text into numbers, month names and AM/PM, each with the separator before it.
 // Fails on anything else, on two punctuation separators in a row, and on a punctuation
 // separator at either end.
-bool tokenize(const QString& text, VbLocale locale, QList<Element>& out)
+class ElementReader
 {
-    const Words& words = wordsFor(locale);
-    Sep pending = Sep::None;
-    const qsizetype n = text.size();
-    qsizetype i = 0;
-    auto push = [&](Element::Kind kind, int value) {
-        if (out.isEmpty() && pending != Sep::None && pending != Sep::Blank)
-            return false; // a leading '-', '/', '.', ...
-        out.append({kind, value, out.isEmpty() ? Sep::None : pending});
-        pending = Sep::None;
-        return true;
-    };
-    while (i < n) {
-        const QChar c = text.at(i);
-        if (isBlank(c)) {
-            if (pending == Sep::None)
-                pending = Sep::Blank;
-            ++i;
-        } else if (const Sep p = punctuation(c); p != Sep::None) {
-            if (pending != Sep::None && pending != Sep::Blank)
-                return false;
-            pending = p;
-            ++i;
-        } else if (c >= u'0' && c <= u'9') {
-            qint64 value = 0;
-            const qsizetype start = i;
-            while (i < n && text.at(i) >= u'0' && text.at(i) <= u'9') {
-                value = value * 10 + (text.at(i).unicode() - u'0');
-                if (++i - start > 9)
-                    return false; // no date field is that long
-            }
-            if (locale == VbLocale::ZhCN && i < n && text.at(i) == QChar(0x6708)) { // "1月"
-                ++i;
-                if (value < 1 || value > 12 || !push(Element::Month, int(value)))
-                    return false;
-            } else if (!push(Element::Number, int(value))) {
-                return false;
-            }
-        } else if (c.isLetter()) {
-            const qsizetype start = i;
-            while (i < n && text.at(i).isLetter())
-                ++i;
-            const QString word = text.mid(start, i - start).toLower();
-            if (const auto m = words.months.constFind(word); m != words.months.cend()) {
-                if (!push(Element::Month, *m))
-                    return false;
-            } else if (const auto a = words.amPm.constFind(word); a != words.amPm.cend()) {
-                if (!push(Element::AmPm, *a))
-                    return false;
-            } else {
-                return false;
-            }
-        } else {
-            return false;
+public:
+    ElementReader(const QString& text, VbLocale locale)
+        : m_text(text)
+        , m_locale(locale)
+        , m_words(wordsFor(locale))
+    {}
+
+    std::optional<QList<Element>> readAll() &&
+    {
+        while (m_pos < m_text.size()) {
+            if (!readNext())
+                return std::nullopt;
         }
+        if (isPunctuation(m_pending))
+            return std::nullopt; // a trailing '-', '/', '.', ...
+        return std::move(m_elements);
     }
-    return pending == Sep::None || pending == Sep::Blank;
+
+private:
+    bool readNext()
+    {
+        const QChar c = m_text.at(m_pos);
+        if (isBlank(c)) {
+            readBlank();
+            return true;
+        }
+        if (const Sep p = punctuation(c); p != Sep::None)
+            return readPunctuation(p);
+        if (isDigit(c))
+            return readNumber();
+        if (c.isLetter())
+            return readWord();
+        return false;
+    }
+
+    // A blank only counts when no punctuation stands beside it.
+    void readBlank()
+    {
+        if (m_pending == Sep::None)
+            m_pending = Sep::Blank;
+        ++m_pos;
+    }
+
+    bool readPunctuation(Sep p)
+    {
+        if (isPunctuation(m_pending))
+            return false;
+        m_pending = p;
+        ++m_pos;
+        return true;
+    }
+
+    // A number, or in zh-CN a month written as a number and 月 ("1月").
+    bool readNumber()
+    {
+        const std::optional<int> value = readDigits();
+        if (!value)
+            return false;
+        if (m_locale == VbLocale::ZhCN && m_pos < m_text.size() &&
+            m_text.at(m_pos) == QChar(0x6708)) {
+            ++m_pos;
+            return *value >= 1 && *value <= 12 && append(Element::Month, *value);
+        }
+        return append(Element::Number, *value);
+    }
+
+    std::optional<int> readDigits()
+    {
+        qint64 value = 0;
+        const qsizetype start = m_pos;
+        while (m_pos < m_text.size() && isDigit(m_text.at(m_pos))) {
+            value = value * 10 + (m_text.at(m_pos).unicode() - u'0');
+            if (++m_pos - start > 9)
+                return std::nullopt; // no date field is that long
+        }
+        return int(value);
+    }
+
+    // A month name or an AM/PM designator.
+    bool readWord()
+    {
+        const qsizetype start = m_pos;
+        while (m_pos < m_text.size() && m_text.at(m_pos).isLetter())
+            ++m_pos;
+        const QString word = m_text.mid(start, m_pos - start).toLower();
+        if (const auto m = m_words.months.constFind(word); m != m_words.months.cend())
+            return append(Element::Month, *m);
+        if (const auto a = m_words.amPm.constFind(word); a != m_words.amPm.cend())
+            return append(Element::AmPm, *a);
+        return false;
+    }
+
+    bool append(Element::Kind kind, int value)
+    {
+        if (m_elements.isEmpty() && isPunctuation(m_pending))
+            return false; // a leading '-', '/', '.', ...
+        m_elements.append({kind, value, m_elements.isEmpty() ? Sep::None : m_pending});
+        m_pending = Sep::None;
+        return true;
+    }
+
+    const QString& m_text;
+    const VbLocale m_locale;
+    const Words& m_words;
+    qsizetype m_pos = 0;
+    Sep m_pending = Sep::None; // the separator since the last element
+    QList<Element> m_elements;
+};
+
+std::optional<QList<Element>> tokenize(const QString& text, VbLocale locale)
+{
+    return ElementReader(text, locale).readAll();
 }
 
 bool isValidDay(int day, int month, int year)
@@ -248,159 +317,244 @@ bool sameOrder(const Order& a, const Order& b)
     return a.day == b.day && a.month == b.month;
 }
 
-// Builds the date from two or three date values (one of which may be a month name at
-// monthPos). The locale's order is tried first (en-US M/D/Y, zh-CN Y/M/D), then the orders
+// The orders by priority: the locale's own first (en-US M/D/Y, zh-CN Y/M/D), then the orders
 // compatible with it, then the rest, as oleaut32's VarDateFromStr does.
-bool buildDate(const QList<int>& values, int monthPos, VbLocale locale, QDate& out)
+const QList<Order>& ordersByPriority(VbLocale locale)
 {
     static const QList<Order> enUs{MDY, YMD, MYD, DYM, YDM, DMY};
     static const QList<Order> zhCn{YMD, MDY, MYD, DYM, YDM, DMY};
-    const QList<Order>& priority = locale == VbLocale::ZhCN ? zhCn : enUs;
+    return locale == VbLocale::ZhCN ? zhCn : enUs;
+}
 
-    QList<Order> allowed;
+// The orders the values may be read in: a month name at monthPos fixes the month.
+QList<Order> allowedOrders(int monthPos, qsizetype valueCount)
+{
     switch (monthPos) {
     case 0:
-        allowed = {MDY, MYD};
-        break;
+        return {MDY, MYD};
     case 1:
-        allowed = {DMY, YMD};
-        break;
+        return {DMY, YMD};
     case 2:
-        allowed = {YDM, DYM};
-        break;
+        return {YDM, DYM};
     default:
         // Without a month name: month/day orders, and year first with three numbers. M/Y/D is
         // not tried: "2 32 3" is no date on Windows (§9).
-        allowed = {MDY, DMY};
-        if (values.size() == 3)
-            allowed.append(YMD);
+        if (valueCount == 3)
+            return {MDY, DMY, YMD};
+        return {MDY, DMY};
     }
+}
 
-    std::array<int, 3> v{};
-    for (int k = 0; k < values.size(); ++k)
-        v[k] = values[k];
-    auto attempt = [&](const QList<Order>& orders) {
-        for (const Order& o : priority) {
-            if (std::none_of(orders.begin(), orders.end(),
-                             [&](const Order& a) { return sameOrder(a, o); }))
-                continue;
-            const int year = expandTwoDigitYear(v[o.year]);
-            if (isValidDay(v[o.day], v[o.month], year)) {
-                out = QDate(year, v[o.month], v[o.day]);
-                return true;
-            }
-        }
-        return false;
-    };
+// The first valid date the values make, trying the allowed orders by priority.
+std::optional<QDate> firstValidDate(const std::array<int, 3>& values, const QList<Order>& priority,
+                                    const QList<Order>& allowed)
+{
+    for (const Order& o : priority) {
+        if (std::none_of(allowed.begin(), allowed.end(),
+                         [&](const Order& a) { return sameOrder(a, o); }))
+            continue;
+        const int year = expandTwoDigitYear(values[o.year]);
+        if (isValidDay(values[o.day], values[o.month], year))
+            return QDate(year, values[o.month], values[o.day]);
+    }
+    return std::nullopt;
+}
 
-    if (values.size() == 3)
-        return attempt(allowed);
-    // Two values: month and day of the current year ...
-    v[2] = QDate::currentDate().year();
-    if (attempt(allowed))
-        return true;
+// Two values are a month and a day of the current year ...
+std::optional<QDate> dateOfTwoValues(int first, int second, int monthPos,
+                                     const QList<Order>& priority)
+{
+    if (const std::optional<QDate> date = firstValidDate(
+            {first, second, QDate::currentDate().year()}, priority, allowedOrders(monthPos, 2)))
+        return date;
     // ... else month and year, on the 1st ("30 2" → 2030-02-01); a month name stays a month.
-    v[2] = 1;
     QList<Order> monthYear;
     if (monthPos != 0)
         monthYear.append(YMD);
     if (monthPos != 1)
         monthYear.append(MYD);
-    return attempt(monthYear);
+    return firstValidDate({first, second, 1}, priority, monthYear);
 }
 
-bool parseDate(const QString& text, VbLocale locale, QDateTime& result)
+// Builds the date from two or three date values (one of which may be a month name at
+// monthPos).
+std::optional<QDate> buildDate(const QList<int>& values, int monthPos, VbLocale locale)
 {
-    QList<Element> e;
-    if (!tokenize(text, locale, e) || e.isEmpty())
-        return false;
-    const int n = int(e.size());
+    const QList<Order>& priority = ordersByPriority(locale);
+    if (values.size() == 3)
+        return firstValidDate({values[0], values[1], values[2]}, priority,
+                              allowedOrders(monthPos, 3));
+    return dateOfTwoValues(values[0], values[1], monthPos, priority);
+}
 
-    // The time: numbers joined by ':' or '.', or one number followed by AM/PM.
-    int timeStart = -1, timeEnd = -1; // [timeStart, timeEnd) numbers of the time
-    for (int k = 1; k < n; ++k) {
+// Where the time stands among the elements.
+struct TimeSpan
+{
+    int start = -1; // [start, end): the numbers of the time; -1 without a time
+    int end = -1;
+    int amPm = -1; // the AM/PM element; -1 without one
+
+    bool exists() const { return start >= 0; }
+    // The end of the time with its AM/PM.
+    int blockEnd() const { return amPm >= 0 ? amPm + 1 : end; }
+};
+
+// Numbers joined by ':' or '.' make the time; fails when such a separator stands beside
+// anything but numbers, and on two times.
+bool findJoinedNumbers(const QList<Element>& e, TimeSpan& span)
+{
+    for (int k = 1; k < int(e.size()); ++k) {
         if (!isTimeSep(e[k].sep))
             continue;
         if (e[k].kind != Element::Number || e[k - 1].kind != Element::Number)
             return false;
-        if (timeStart < 0)
-            timeStart = k - 1;
-        else if (timeEnd != k)
+        if (span.start < 0)
+            span.start = k - 1;
+        else if (span.end != k)
             return false; // two times
-        timeEnd = k + 1;
+        span.end = k + 1;
     }
-    int amPm = -1; // index of the AM/PM element
-    for (int k = 0; k < n; ++k) {
+    return true;
+}
+
+// AM/PM follows the time's last number, or makes a time of the one number before it; fails on
+// a second AM/PM and on one with no number before it.
+bool findAmPm(const QList<Element>& e, TimeSpan& span)
+{
+    for (int k = 0; k < int(e.size()); ++k) {
         if (e[k].kind != Element::AmPm)
             continue;
-        if (amPm >= 0 || k == 0 || e[k - 1].kind != Element::Number)
+        if (span.amPm >= 0 || k == 0 || e[k - 1].kind != Element::Number)
             return false;
-        if (timeStart < 0) {
-            timeStart = k - 1;
-            timeEnd = k;
-        } else if (timeEnd != k) {
+        if (span.start < 0) {
+            span.start = k - 1;
+            span.end = k;
+        } else if (span.end != k) {
             return false;
         }
-        amPm = k;
+        span.amPm = k;
     }
+    return true;
+}
 
-    int hour = 0, minute = 0, second = 0;
-    const int blockEnd = amPm >= 0 ? amPm + 1 : timeEnd; // the time with its AM/PM
-    if (timeStart >= 0) {
-        if (timeStart > 0 && blockEnd < n)
-            return false; // a time between date parts
-        if ((timeStart > 0 && e[timeStart].sep != Sep::Blank) ||
-            (blockEnd < n && e[blockEnd].sep != Sep::Blank))
-            return false; // date and time are split by a blank
-        const int count = timeEnd - timeStart;
-        if (count > 3)
-            return false; // fractional seconds
-        int fields[3] = {0, 0, 0};
-        bool allZero = true, dotsOnly = true;
-        for (int k = 0; k < count; ++k) {
-            fields[k] = e[timeStart + k].value;
-            allZero = allZero && fields[k] == 0;
-            if (k > 0)
-                dotsOnly = dotsOnly && e[timeStart + k].sep == Sep::Dot;
-        }
-        // "0.0" alone is no date on current Windows (§9), although "0.1" and "2.5" are times.
-        if (count > 1 && dotsOnly && allZero && amPm < 0 && n == count)
-            return false;
-        hour = fields[0];
-        minute = fields[1];
-        second = fields[2];
-        if (hour > 23 || minute > 59 || second > 59)
-            return false;
-        if (amPm >= 0) {
-            if (e[amPm].value == 1 && hour < 12)
-                hour += 12;
-            else if (e[amPm].value == 0 && hour == 12)
-                hour = 0;
-        }
-    }
+// The time: numbers joined by ':' or '.', or one number followed by AM/PM.
+std::optional<TimeSpan> findTimeSpan(const QList<Element>& e)
+{
+    TimeSpan span;
+    if (!findJoinedNumbers(e, span) || !findAmPm(e, span))
+        return std::nullopt;
+    return span;
+}
 
-    // The date: every element outside the time.
-    QList<int> dateValues;
-    int monthPos = -1, monthNames = 0;
-    for (int k = 0; k < n; ++k) {
-        if (k >= timeStart && k < blockEnd)
+// The time stands before or after the date, apart from it by a blank.
+bool isApartFromDate(const QList<Element>& e, const TimeSpan& span)
+{
+    const int blockEnd = span.blockEnd();
+    const bool dateBefore = span.start > 0, dateAfter = blockEnd < int(e.size());
+    if (dateBefore && dateAfter)
+        return false; // a time between date parts
+    // Date and time are split by a blank.
+    return (!dateBefore || e[span.start].sep == Sep::Blank) &&
+           (!dateAfter || e[blockEnd].sep == Sep::Blank);
+}
+
+// "0.0" alone is no date on current Windows (§9), although "0.1" and "2.5" are times.
+bool isLoneDottedZero(const QList<Element>& e, const TimeSpan& span)
+{
+    const int count = span.end - span.start;
+    if (count <= 1 || span.amPm >= 0 || int(e.size()) != count)
+        return false;
+    const auto first = e.begin() + span.start, last = e.begin() + span.end;
+    return std::all_of(first, last, [](const Element& x) { return x.value == 0; }) &&
+           std::all_of(first + 1, last, [](const Element& x) { return x.sep == Sep::Dot; });
+}
+
+// 12 AM is midnight and PM moves the hours before noon to the afternoon; any other hour
+// stands as written.
+int applyAmPm(int hour, int amPm)
+{
+    if (amPm == 1 && hour < 12)
+        return hour + 12;
+    if (amPm == 0 && hour == 12)
+        return 0;
+    return hour;
+}
+
+// The hour, minute and second the time's numbers give, in that order.
+std::optional<QTime> readTimeFields(const QList<Element>& e, const TimeSpan& span)
+{
+    const int count = span.end - span.start;
+    if (count > 3)
+        return std::nullopt; // fractional seconds
+    std::array<int, 3> fields{0, 0, 0};
+    for (int k = 0; k < count; ++k)
+        fields[k] = e[span.start + k].value;
+    const auto [hour, minute, second] = fields;
+    if (hour > 23 || minute > 59 || second > 59)
+        return std::nullopt;
+    return QTime(span.amPm >= 0 ? applyAmPm(hour, e[span.amPm].value) : hour, minute, second);
+}
+
+// The time of day the elements give; midnight without a time.
+std::optional<QTime> readTime(const QList<Element>& e, const TimeSpan& span)
+{
+    if (!span.exists())
+        return QTime(0, 0);
+    if (!isApartFromDate(e, span) || isLoneDottedZero(e, span))
+        return std::nullopt;
+    return readTimeFields(e, span);
+}
+
+// The values of the date, in the order written, and where its month name stands.
+struct DateValues
+{
+    QList<int> values;
+    int monthPos = -1; // the index of the month name in values; -1 without one
+    int monthNames = 0;
+};
+
+// The date: every element outside the time.
+DateValues collectDateValues(const QList<Element>& e, const TimeSpan& span)
+{
+    DateValues date;
+    for (int k = 0; k < int(e.size()); ++k) {
+        if (k >= span.start && k < span.blockEnd())
             continue;
         if (e[k].kind == Element::Month) {
-            monthPos = int(dateValues.size());
-            ++monthNames;
+            date.monthPos = int(date.values.size());
+            ++date.monthNames;
         }
-        dateValues.append(e[k].value);
+        date.values.append(e[k].value);
     }
+    return date;
+}
 
-    QDate date = serialZeroDate();
-    if (!dateValues.isEmpty()) {
-        // One bare number is never a date; more than three values or two month names neither.
-        if (dateValues.size() < 2 || dateValues.size() > 3 || monthNames > 1)
-            return false;
-        if (!buildDate(dateValues, monthPos, locale, date))
-            return false;
-    }
-    result = makeDate(date, QTime(hour, minute, second));
+// The day the date values give; serial 0 (1899-12-30) without any.
+std::optional<QDate> readDate(const DateValues& date, VbLocale locale)
+{
+    if (date.values.isEmpty())
+        return serialZeroDate();
+    // One bare number is never a date; more than three values or two month names neither.
+    if (date.values.size() < 2 || date.values.size() > 3 || date.monthNames > 1)
+        return std::nullopt;
+    return buildDate(date.values, date.monthPos, locale);
+}
+
+bool parseDate(const QString& text, VbLocale locale, QDateTime& result)
+{
+    const std::optional<QList<Element>> elements = tokenize(text, locale);
+    if (!elements || elements->isEmpty())
+        return false;
+    const std::optional<TimeSpan> span = findTimeSpan(*elements);
+    if (!span)
+        return false;
+    const std::optional<QTime> time = readTime(*elements, *span);
+    if (!time)
+        return false;
+    const std::optional<QDate> date = readDate(collectDateValues(*elements, *span), locale);
+    if (!date)
+        return false;
+    result = makeDate(*date, *time);
     return true;
 }
 
