@@ -41,14 +41,33 @@ private slots:
     void dateFormatDispatch();
     void numberAndTextFormatsOfADate_data();
     void numberAndTextFormatsOfADate();
+
+private:
+    static void addFormatColumns();
+    static void checkFormat();
 };
 
-void tst_VbDateFormat::tokens_data()
+// Columns and check shared by the tables of a date, a format, a locale and the text.
+void tst_VbDateFormat::addFormatColumns()
 {
     QTest::addColumn<QDateTime>("value");
     QTest::addColumn<QString>("format");
     QTest::addColumn<VbLocale>("locale");
     QTest::addColumn<QString>("text");
+}
+
+void tst_VbDateFormat::checkFormat()
+{
+    QFETCH(QDateTime, value);
+    QFETCH(QString, format);
+    QFETCH(VbLocale, locale);
+    QFETCH(QString, text);
+    QCOMPARE(Format(value, format, locale), text);
+}
+
+void tst_VbDateFormat::tokens_data()
+{
+    addFormatColumns();
 
     const VbLocale en = VbLocale::EnUS, zh = VbLocale::ZhCN;
     const QDateTime v = reference();
@@ -187,20 +206,13 @@ void tst_VbDateFormat::tokens_data()
 
 void tst_VbDateFormat::tokens()
 {
-    QFETCH(QDateTime, value);
-    QFETCH(QString, format);
-    QFETCH(VbLocale, locale);
-    QFETCH(QString, text);
-    QCOMPARE(Format(value, format, locale), text);
+    checkFormat();
 }
 
 // Named date formats, both locales; names are case-insensitive.
 void tst_VbDateFormat::namedFormats_data()
 {
-    QTest::addColumn<QDateTime>("value");
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<VbLocale>("locale");
-    QTest::addColumn<QString>("text");
+    addFormatColumns();
 
     const VbLocale en = VbLocale::EnUS, zh = VbLocale::ZhCN;
     const QDateTime v = reference();
@@ -232,11 +244,7 @@ void tst_VbDateFormat::namedFormats_data()
 
 void tst_VbDateFormat::namedFormats()
 {
-    QFETCH(QDateTime, value);
-    QFETCH(QString, format);
-    QFETCH(VbLocale, locale);
-    QFETCH(QString, text);
-    QCOMPARE(Format(value, format, locale), text);
+    checkFormat();
 }
 
 // CStr(date): the date alone at midnight, the time alone on day 0 (serial 0 itself included).
