@@ -1,8 +1,8 @@
 // VB runtime subset: Format with date formats, and CStr of a date (vb-semantics.md §11, §15).
 #include "common/VbDateTime.h"
 #include "common/VbFormat.h"
+#include "common/VbFormatSyntax_p.h"
 #include "common/VbFormat_p.h"
-#include "common/VbNumberFormat_p.h"
 
 #include <QHash>
 #include <QList>
@@ -146,30 +146,15 @@ public:
 private:
     void readNext()
     {
+        if (const std::optional<detail::FormatLiteral> literal =
+                detail::literalAt(m_format, m_pos)) {
+            appendLiteral(literal->text);
+            m_pos = literal->end;
+            return;
+        }
         const QChar c = m_format.at(m_pos);
-        if (c == u'"')
-            readQuotedText();
-        else if (c == u'\\')
-            readEscapedCharacter();
-        else if (!readAmPm() && !readLetterRun(c))
+        if (!readAmPm() && !readLetterRun(c))
             readOtherCharacter(c);
-    }
-
-    // An unterminated quote runs to the end of the format.
-    void readQuotedText()
-    {
-        qsizetype end = m_format.indexOf(u'"', m_pos + 1);
-        if (end < 0)
-            end = m_format.size();
-        appendLiteral(QStringView(m_format).mid(m_pos + 1, end - m_pos - 1));
-        m_pos = end + 1;
-    }
-
-    void readEscapedCharacter()
-    {
-        if (m_pos + 1 < m_format.size())
-            appendLiteral(QStringView(m_format).mid(m_pos + 1, 1));
-        m_pos += 2;
     }
 
     // "AM/PM", "AMPM" or "A/P" in any letter case; false when none starts here.
@@ -472,48 +457,18 @@ QString namedDateFormat(const QString& format, VbLocale locale)
     return QString();
 }
 
-bool isNamedNumberFormat(const QString& format)
-{
-    for (const char* name : {"General Number", "Currency", "Fixed", "Standard", "Percent",
-                             "Scientific", "Yes/No", "True/False", "On/Off"}) {
-        if (format.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 namespace detail {
 
-bool isDateFormat(const QString& format)
+bool isNamedDateFormat(const QString& format)
 {
-    if (!namedDateFormat(format, VbLocale::EnUS).isNull())
-        return true;
-    if (isNamedNumberFormat(format))
-        return false;
-    // The first placeholder of the first section decides, as in VB's format parser: a digit
-    // placeholder (0 #) makes a number format whose letters are literals ("##abc" → "1abc"),
-    // a text placeholder (@ &) a text format, a date token a date format.
-    const qsizetype n = format.size();
-    for (qsizetype i = 0; i < n; ++i) {
-        const QChar c = format.at(i);
-        if (c == u'"') {
-            i = format.indexOf(u'"', i + 1);
-            if (i < 0)
-                return false;
-            continue;
-        }
-        if (c == u'\\') {
-            ++i;
-            continue;
-        }
-        if (QStringView(u";0#@&").contains(c))
-            return false;
-        if (letterTokens(c) || startsAmPmToken(format, i))
-            return true;
-    }
-    return false;
+    return !namedDateFormat(format, VbLocale::EnUS).isNull();
+}
+
+bool startsDateToken(const QString& format, qsizetype pos)
+{
+    return letterTokens(format.at(pos)) != nullptr || startsAmPmToken(format, pos);
 }
 
 QString formatDateTime(const QDateTime& value, const QString& format, VbLocale locale)

@@ -2,6 +2,7 @@
 
 #include "common/VbConversion.h"
 #include "common/VbDateTime.h"
+#include "common/VbFormatSyntax_p.h"
 #include "common/VbFormat_p.h"
 #include "common/VbNumberFormat_p.h"
 #include "common/VemoError.h"
@@ -14,42 +15,6 @@
 namespace VemoGridLib::vb {
 
 namespace {
-
-// ---------------------------------------------------------------------------------------------
-// Named number formats (§10)
-// ---------------------------------------------------------------------------------------------
-
-struct NamedFormat
-{
-    const char16_t* name;
-    const char16_t* enUS;
-    const char16_t* zhCN;
-};
-
-// Each named format as the user-defined format it stands for. "General Number" is the general
-// form (CStr), i.e. the empty format. The booleans are three literal sections: anything but zero
-// is True. Currency follows the locale: en-US writes negatives in parentheses ("($1.00)"),
-// zh-CN with a leading minus ("-¥1.00").
-constexpr NamedFormat NamedFormats[] = {
-    {u"General Number", u"", u""},
-    {u"Currency", u"$#,##0.00;($#,##0.00)", u"\u00A5#,##0.00;-\u00A5#,##0.00"},
-    {u"Fixed", u"0.00", u"0.00"},
-    {u"Standard", u"#,##0.00", u"#,##0.00"},
-    {u"Percent", u"0.00%", u"0.00%"},
-    {u"Scientific", u"0.00E+00", u"0.00E+00"},
-    {u"True/False", u"\"True\";\"True\";\"False\"", u"\"True\";\"True\";\"False\""},
-    {u"Yes/No", u"\"Yes\";\"Yes\";\"No\"", u"\"Yes\";\"Yes\";\"No\""},
-    {u"On/Off", u"\"On\";\"On\";\"Off\"", u"\"On\";\"On\";\"Off\""},
-};
-
-std::optional<QString> namedNumberFormat(const QString& format, VbLocale locale)
-{
-    for (const NamedFormat& named : NamedFormats) {
-        if (format.compare(QStringView(named.name), Qt::CaseInsensitive) == 0)
-            return QString::fromUtf16(locale == VbLocale::ZhCN ? named.zhCN : named.enUS);
-    }
-    return std::nullopt;
-}
 
 // ---------------------------------------------------------------------------------------------
 // Text formats (§12)
@@ -91,18 +56,11 @@ void appendTextLiteral(TextFormat& format, const QString& text)
 // Parses one character (or quoted run, or escape) at `pos`; returns the index after it.
 qsizetype parseTextToken(const QString& section, qsizetype pos, TextFormat& format)
 {
+    if (const std::optional<detail::FormatLiteral> literal = detail::literalAt(section, pos)) {
+        appendTextLiteral(format, literal->text);
+        return literal->end;
+    }
     const QChar c = section.at(pos);
-    if (c == u'"') {
-        const qsizetype close = section.indexOf(u'"', pos + 1);
-        const qsizetype end = close < 0 ? section.size() : close;
-        appendTextLiteral(format, section.mid(pos + 1, end - pos - 1));
-        return end + 1;
-    }
-    if (c == u'\\') {
-        if (pos + 1 < section.size())
-            appendTextLiteral(format, section.at(pos + 1));
-        return pos + 2;
-    }
     if (c == u'@' || c == u'&') {
         format.tokens.append({true, c == u'@', {}});
         ++format.placeholders;
@@ -196,21 +154,16 @@ QString formatDateText(const QString& text, const QString& format, VbLocale loca
     }
 }
 
-bool isDateKind(const QString& format)
-{
-    return detail::formatKind(format) == detail::FormatKind::Date && detail::isDateFormat(format);
-}
-
 } // namespace
 
 QString Format(double value, const QString& format, VbLocale locale)
 {
-    const QString userFormat = namedNumberFormat(format, locale).value_or(format);
+    const QString userFormat = detail::namedNumberFormat(format, locale).value_or(format);
     if (userFormat.isEmpty() || !std::isfinite(value))
         return CStr(value);
     if (detail::formatKind(userFormat) == detail::FormatKind::Text)
         return formatText(CStr(value), userFormat);
-    if (isDateKind(userFormat))
+    if (detail::isDateFormat(userFormat))
         return detail::formatDateTime(SerialToDate(value), userFormat, locale);
     return detail::formatNumber(value, userFormat);
 }
@@ -219,11 +172,11 @@ QString Format(const QString& text, const QString& format, VbLocale locale)
 {
     if (format.isEmpty())
         return text;
-    if (namedNumberFormat(format, locale))
+    if (detail::namedNumberFormat(format, locale))
         return formatNumericText(text, format, locale);
     if (detail::formatKind(format) == detail::FormatKind::Text)
         return formatText(text, format);
-    if (isDateKind(format))
+    if (detail::isDateFormat(format))
         return formatDateText(text, format, locale);
     return formatNumericText(text, format, locale);
 }

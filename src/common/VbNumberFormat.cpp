@@ -1,5 +1,7 @@
 #include "common/VbNumberFormat_p.h"
 
+#include "common/VbFormatSyntax_p.h"
+
 #include <QList>
 
 #include <algorithm>
@@ -21,49 +23,6 @@ void stripTrailingZeros(std::string& digits)
 {
     while (!digits.empty() && digits.back() == '0')
         digits.pop_back();
-}
-
-// ---------------------------------------------------------------------------------------------
-// Format classification
-// ---------------------------------------------------------------------------------------------
-
-bool startsWithAmPm(const QString& text, qsizetype pos)
-{
-    for (const QLatin1String designator : {QLatin1String("AM/PM"), QLatin1String("A/P")}) {
-        if (QStringView(text).mid(pos).startsWith(designator, Qt::CaseInsensitive))
-            return true;
-    }
-    return false;
-}
-
-bool isDateToken(const QString& text, qsizetype pos)
-{
-    const QChar c = text.at(pos).toLower();
-    static const QString dateLetters = QStringLiteral("dmyhnswqc/:");
-    if (dateLetters.contains(c))
-        return true;
-    if (c == u't')
-        return QStringView(text).mid(pos).startsWith(u"ttttt", Qt::CaseInsensitive);
-    return c == u'a' && startsWithAmPm(text, pos);
-}
-
-std::optional<FormatKind> tokenKindAt(const QString& text, qsizetype pos)
-{
-    const QChar c = text.at(pos);
-    if (c == u'0' || c == u'#' || c == u'.')
-        return FormatKind::Number;
-    if (QStringView(u"@&<>!").contains(c))
-        return FormatKind::Text;
-    if (isDateToken(text, pos))
-        return FormatKind::Date;
-    return std::nullopt;
-}
-
-// Index just past a quoted literal that opens at `pos` (or the end when it is not closed).
-qsizetype skipQuoted(const QString& text, qsizetype pos)
-{
-    const qsizetype close = text.indexOf(u'"', pos + 1);
-    return close < 0 ? text.size() : close + 1;
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -127,12 +86,13 @@ public:
 private:
     void parseNext()
     {
+        if (const std::optional<FormatLiteral> literal = literalAt(m_text, m_pos)) {
+            appendLiteral(literal->text);
+            m_pos = literal->end;
+            return;
+        }
         const QChar c = m_text.at(m_pos);
-        if (c == u'"')
-            parseQuoted();
-        else if (c == u'\\')
-            parseEscaped();
-        else if (c == u'0' || c == u'#')
+        if (c == u'0' || c == u'#')
             parsePlaceholder(c == u'0');
         else if (c == u'.' && !m_inFraction && !m_section.exponent)
             parsePoint();
@@ -142,21 +102,6 @@ private:
             return;
         else
             parseLiteralChar(c);
-    }
-
-    void parseQuoted()
-    {
-        const qsizetype close = m_text.indexOf(u'"', m_pos + 1);
-        const qsizetype contentEnd = close < 0 ? m_text.size() : close;
-        appendLiteral(m_text.mid(m_pos + 1, contentEnd - m_pos - 1));
-        m_pos = contentEnd + 1;
-    }
-
-    void parseEscaped()
-    {
-        if (m_pos + 1 < m_text.size())
-            appendLiteral(m_text.at(m_pos + 1));
-        m_pos += 2;
     }
 
     void parseLiteralChar(QChar c)
@@ -463,51 +408,8 @@ DecimalDigits decimalDigits(double value)
 }
 
 // ---------------------------------------------------------------------------------------------
-// Public helpers
+// Formatting
 // ---------------------------------------------------------------------------------------------
-
-FormatKind formatKind(const QString& format)
-{
-    const QString first = formatSections(format).value(0);
-    qsizetype pos = 0;
-    while (pos < first.size()) {
-        const QChar c = first.at(pos);
-        if (c == u'"') {
-            pos = skipQuoted(first, pos);
-            continue;
-        }
-        if (c == u'\\') {
-            pos += 2;
-            continue;
-        }
-        if (const auto kind = tokenKindAt(first, pos))
-            return *kind;
-        ++pos;
-    }
-    return FormatKind::Literal;
-}
-
-QStringList formatSections(const QString& format)
-{
-    QStringList sections;
-    QString current;
-    bool quoted = false;
-    for (qsizetype pos = 0; pos < format.size(); ++pos) {
-        const QChar c = format.at(pos);
-        if (c == u';' && !quoted) {
-            sections.append(current);
-            current.clear();
-            continue;
-        }
-        current += c;
-        if (c == u'"')
-            quoted = !quoted;
-        else if (c == u'\\' && !quoted && pos + 1 < format.size())
-            current += format.at(++pos);
-    }
-    sections.append(current);
-    return sections;
-}
 
 QString formatNumber(double value, const QString& format)
 {

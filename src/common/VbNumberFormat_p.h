@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 #include <string>
 
@@ -30,22 +29,6 @@ struct DecimalDigits
 /// The 15-significant-digit decimal form of |value| (§5): VB's numbers are read and printed
 /// through it, so binary noise beyond the 15th digit never shows.
 DecimalDigits decimalDigits(double value);
-
-/// What the first typed token of a format makes it (§10–§12): a digit placeholder or point
-/// (Number), a date token (Date), a text token @ & < > ! (Text), or none at all (Literal).
-enum class FormatKind {
-    Literal,
-    Number,
-    Date,
-    Text,
-};
-
-/// The kind of a user-defined format, decided by the first typed token of its first section
-/// outside quotes and backslash escapes.
-FormatKind formatKind(const QString& format);
-
-/// The ';'-separated sections of a format; a ';' inside quotes or after '\' does not split.
-QStringList formatSections(const QString& format);
 
 /// Formats a number with a user-defined number format (§10): up to four sections, 0 # . , %
 /// E+ E- e+ e-, literals; rounding half away from zero on the 15-digit decimal form.
