@@ -75,14 +75,20 @@ int expandTwoDigitYear(int year)
     return year;
 }
 
-// The date a year and month index (months since year 0, month 0 = January) fall on, with the
-// day clamped to the month's length; invalid when the year leaves 100..9999.
-QDate clampedDate(qint64 monthIndex, int day)
+// Months since year 0 (January of year 0 is 0): calendar steps count boundaries of it.
+qint64 monthIndex(QDate day)
 {
-    const qint64 year = floorDiv(monthIndex, 12);
+    return qint64(day.year()) * 12 + (day.month() - 1);
+}
+
+// The day `day` of the month with index `months` (see monthIndex), clamped to the month's
+// length; invalid when the year leaves 100..9999.
+QDate clampedDate(qint64 months, int day)
+{
+    const qint64 year = floorDiv(months, 12);
     if (!isVbYear(year))
         return QDate();
-    const int month = int(monthIndex - year * 12) + 1;
+    const int month = int(months - year * 12) + 1;
     const int last = QDate(int(year), month, 1).daysInMonth();
     return QDate(int(year), month, std::min(day, last));
 }
@@ -558,6 +564,61 @@ bool parseDate(const QString& text, VbLocale locale, QDateTime& result)
     return true;
 }
 
+// Months in one step of a calendar interval of DateAdd/DateDiff ("yyyy", "q", "m").
+std::optional<int> intervalMonths(const QString& unit)
+{
+    if (unit == u"yyyy")
+        return 12;
+    if (unit == u"q")
+        return 3;
+    if (unit == u"m")
+        return 1;
+    return std::nullopt;
+}
+
+// Milliseconds in one step of a fixed-length interval of DateAdd/DateDiff.
+std::optional<qint64> intervalMilliseconds(const QString& unit)
+{
+    if (unit == u"y" || unit == u"d" || unit == u"w")
+        return kMsPerDay;
+    if (unit == u"ww")
+        return 7 * kMsPerDay;
+    if (unit == u"h")
+        return 3600000;
+    if (unit == u"n")
+        return 60000;
+    if (unit == u"s")
+        return 1000;
+    return std::nullopt;
+}
+
+// "yyyy", "q", "m": the month moves and the day is clamped to its length; the time is kept.
+QDateTime addMonths(const QDateTime& date, double count, int monthsPerStep)
+{
+    if (!(std::fabs(count) * monthsPerStep < 1.0e6))
+        throw VemoError::invalidProcedureCall();
+    const QDate day = dateOf(date);
+    const QDate result = clampedDate(monthIndex(day) + qint64(count) * monthsPerStep, day.day());
+    if (!result.isValid())
+        throw VemoError::invalidProcedureCall();
+    return makeDate(result, date.time().isValid() ? date.time() : QTime(0, 0));
+}
+
+// Days, weeks and time units: plain arithmetic on the instant.
+QDateTime addMilliseconds(const QDateTime& date, double count, qint64 stepLength)
+{
+    // The whole Date range is about 3.2e14 ms; larger steps can only leave it.
+    if (!(std::fabs(count) * double(stepLength) < 1.0e15))
+        throw VemoError::invalidProcedureCall();
+    const qint64 total = dateOf(date).toJulianDay() * kMsPerDay +
+                         date.time().msecsSinceStartOfDay() + qint64(count) * stepLength;
+    const qint64 julianDay = floorDiv(total, kMsPerDay);
+    const QDate resultDay = QDate::fromJulianDay(julianDay);
+    if (!isVbYear(resultDay.year()))
+        throw VemoError::invalidProcedureCall();
+    return makeDate(resultDay, QTime::fromMSecsSinceStartOfDay(int(total - julianDay * kMsPerDay)));
+}
+
 } // namespace
 
 double DateToSerial(const QDateTime& date)
@@ -617,43 +678,11 @@ QDateTime DateAdd(const QString& interval, double number, const QDateTime& date)
 {
     const QString unit = interval.toLower();
     const double count = roundHalfEven(number);
-    const QDate day = dateOf(date);
-
-    if (unit == u"yyyy" || unit == u"q" || unit == u"m") {
-        const int monthsPer = unit == u"yyyy" ? 12 : unit == u"q" ? 3 : 1;
-        if (!(std::fabs(count) * monthsPer < 1.0e6))
-            throw VemoError::invalidProcedureCall();
-        const qint64 monthIndex =
-            qint64(day.year()) * 12 + (day.month() - 1) + qint64(count) * monthsPer;
-        const QDate result = clampedDate(monthIndex, day.day());
-        if (!result.isValid())
-            throw VemoError::invalidProcedureCall();
-        return makeDate(result, date.time().isValid() ? date.time() : QTime(0, 0));
-    }
-
-    qint64 unitMs = 0;
-    if (unit == u"y" || unit == u"d" || unit == u"w")
-        unitMs = kMsPerDay;
-    else if (unit == u"ww")
-        unitMs = 7 * kMsPerDay;
-    else if (unit == u"h")
-        unitMs = 3600000;
-    else if (unit == u"n")
-        unitMs = 60000;
-    else if (unit == u"s")
-        unitMs = 1000;
-    else
-        throw VemoError::invalidProcedureCall();
-    // The whole Date range is about 3.2e14 ms; larger steps can only leave it.
-    if (!(std::fabs(count) * double(unitMs) < 1.0e15))
-        throw VemoError::invalidProcedureCall();
-    const qint64 total =
-        day.toJulianDay() * kMsPerDay + date.time().msecsSinceStartOfDay() + qint64(count) * unitMs;
-    const qint64 julianDay = floorDiv(total, kMsPerDay);
-    const QDate resultDay = QDate::fromJulianDay(julianDay);
-    if (!isVbYear(resultDay.year()))
-        throw VemoError::invalidProcedureCall();
-    return makeDate(resultDay, QTime::fromMSecsSinceStartOfDay(int(total - julianDay * kMsPerDay)));
+    if (const std::optional<int> months = intervalMonths(unit))
+        return addMonths(date, count, *months);
+    if (const std::optional<qint64> length = intervalMilliseconds(unit))
+        return addMilliseconds(date, count, *length);
+    throw VemoError::invalidProcedureCall();
 }
 
 qint64 DateDiff(const QString& interval, const QDateTime& date1, const QDateTime& date2)
@@ -671,24 +700,14 @@ qint64 DateDiff(const QString& interval, const QDateTime& date1, const QDateTime
         // a Sunday, so (jd + 1) / 7 steps up on every Sunday.
         return floorDiv(d2.toJulianDay() + 1, 7) - floorDiv(d1.toJulianDay() + 1, 7);
     }
-    if (unit == u"yyyy")
-        return d2.year() - d1.year();
-    if (unit == u"q")
-        return (qint64(d2.year()) * 4 + (d2.month() - 1) / 3) -
-               (qint64(d1.year()) * 4 + (d1.month() - 1) / 3);
-    if (unit == u"m")
-        return (qint64(d2.year()) * 12 + d2.month()) - (qint64(d1.year()) * 12 + d1.month());
-
+    // Calendar units: year, quarter or month boundaries crossed.
+    if (const std::optional<int> months = intervalMonths(unit))
+        return floorDiv(monthIndex(d2), *months) - floorDiv(monthIndex(d1), *months);
     // Time units: the difference of the two instants, each truncated to the unit.
-    qint64 unitSeconds = 0;
-    if (unit == u"h")
-        unitSeconds = 3600;
-    else if (unit == u"n")
-        unitSeconds = 60;
-    else if (unit == u"s")
-        unitSeconds = 1;
-    else
+    const std::optional<qint64> length = intervalMilliseconds(unit);
+    if (!length)
         throw VemoError::invalidProcedureCall();
+    const qint64 unitSeconds = *length / 1000;
     auto units = [unitSeconds](QDate d, QTime t) {
         const qint64 seconds = d.toJulianDay() * 86400 + t.msecsSinceStartOfDay() / 1000;
         return floorDiv(seconds, unitSeconds);
