@@ -11,36 +11,23 @@ namespace VemoGridLib {
 
 namespace {
 
-// The texts of Part 1.12, indexed by language; kept exactly as the original program wrote them.
-Message refusedEmptyLine(LanguageIndex language)
+// The texts of Part 1.12, indexed by MessageId and then by LanguageIndex; kept exactly as the
+// original program wrote them. The English operator message has no title of its own.
+struct MessageTexts
 {
-    switch (language) {
-    case SimplifiedChinese:
-        return {QStringLiteral("不允许添加空行!"), QStringLiteral("提示"),
-                MessageIcon::Information};
-    case TraditionalChinese:
-        return {QStringLiteral("不允許添加空行!"), QStringLiteral("提示"),
-                MessageIcon::Information};
-    case English:
-        break;
-    }
-    return {QStringLiteral("Do not allow add a null line!"), QStringLiteral("PROMPT"),
-            MessageIcon::Information};
-}
+    const char16_t* text[3];
+    const char16_t* title[3];
+    MessageIcon icon;
+};
 
-Message badOperator(LanguageIndex language)
-{
-    switch (language) {
-    case SimplifiedChinese:
-        return {QStringLiteral("运算符错误!"), QStringLiteral("提示"), MessageIcon::Critical};
-    case TraditionalChinese:
-        return {QStringLiteral("運算符錯誤!"), QStringLiteral("提示"), MessageIcon::Critical};
-    case English:
-        break;
-    }
-    // The English operator message has no title of its own, deliberately.
-    return {QStringLiteral("Operator ERROR"), QString(), MessageIcon::Critical};
-}
+constexpr MessageTexts Texts[] = {
+    {{u"不允许添加空行!", u"不允許添加空行!", u"Do not allow add a null line!"},
+     {u"提示", u"提示", u"PROMPT"},
+     MessageIcon::Information},
+    {{u"运算符错误!", u"運算符錯誤!", u"Operator ERROR"},
+     {u"提示", u"提示", u""},
+     MessageIcon::Critical},
+};
 
 void showMessageBox(const Message& message)
 {
@@ -77,13 +64,9 @@ ShellOpenHandler& installedShellOpenHandler()
 
 Message messageText(MessageId id, LanguageIndex language)
 {
-    switch (id) {
-    case MessageId::RefusedEmptyLine:
-        return refusedEmptyLine(language);
-    case MessageId::BadOperator:
-        break;
-    }
-    return badOperator(language);
+    const MessageTexts& texts = Texts[int(id)];
+    return {QString::fromUtf16(texts.text[language]), QString::fromUtf16(texts.title[language]),
+            texts.icon};
 }
 
 Message localizedMessage(MessageId id)
