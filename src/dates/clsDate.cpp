@@ -236,7 +236,9 @@ struct clsDate::Private
     {}
 
     const TableTexts& texts;
-    QDate gregorian; // null, year 0, until the first sInitDate
+    // The Part's separate Gregorian-date fields: before the first sInitDate the year is 0 and
+    // the date value is serial 0, which are not the same day; hence both are kept.
+    QDate gregorian;
     qint64 serial = 0;
     LunarDate lunar;
 };
