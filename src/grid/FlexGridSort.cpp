@@ -1,0 +1,240 @@
+// FlexGrid's Sort (flexgrid-reference.md §9): keys are read once per row, the row order is
+// computed with a stable sort, and the store then re-points its row handles; no cell content
+// moves.
+#include "grid/FlexGrid_p.h"
+
+#include "common/VbConversion.h"
+#include "common/VemoError.h"
+
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+
+namespace VemoGridLib {
+
+namespace {
+
+/// A plain decimal ("-12", " 3.50 ") read without the locale scanner; most cells are such.
+bool readPlainDecimal(QStringView text, double& value)
+{
+    text = text.trimmed();
+    if (text.isEmpty() || text.size() > 64)
+        return false;
+    char buffer[64];
+    qsizetype length = 0;
+    bool digits = false;
+    bool point = false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t ch = text[i].unicode();
+        if (ch >= u'0' && ch <= u'9') {
+            digits = true;
+        } else if (ch == u'.' && !point) {
+            point = true;
+        } else if (!((ch == u'-' || ch == u'+') && i == 0)) {
+            return false;
+        }
+        if (ch != u'+')
+            buffer[length++] = char(ch);
+    }
+    if (!digits)
+        return false;
+    const auto result = std::from_chars(buffer, buffer + length, value);
+    return result.ec == std::errc() && result.ptr == buffer + length;
+}
+
+/// VB's IsNumeric / CDbl reading of a cell (vb-semantics.md §4), with the plain fast path.
+bool readNumber(QStringView text, double& value)
+{
+    if (readPlainDecimal(text, value))
+        return true;
+    if (text.isEmpty())
+        return false;
+    const QString copy = text.toString();
+    if (!vb::IsNumeric(copy))
+        return false;
+    try {
+        value = vb::CDbl(copy);
+    } catch (const VemoError&) {
+        return false;
+    }
+    return true;
+}
+
+double numberOrZero(QStringView text)
+{
+    double value = 0;
+    return readNumber(text, value) ? value : 0;
+}
+
+int sign(double difference)
+{
+    return difference < 0 ? -1 : (difference > 0 ? 1 : 0);
+}
+
+int compareNoCase(QStringView a, QStringView b)
+{
+    return a.compare(b, Qt::CaseInsensitive);
+}
+
+/// Alphabetical first; for texts equal but for case, lower case before upper case.
+int compareCase(QStringView a, QStringView b)
+{
+    const int folded = a.compare(b, Qt::CaseInsensitive);
+    return folded != 0 ? folded : -a.compare(b, Qt::CaseSensitive);
+}
+
+/// The generic sort's key. §9's pairwise rule (numbers when both are numeric, else text) is
+/// not transitive ("9" < "10" < "1a" < "9"), so it is made a total order: empty texts first,
+/// then numeric texts by value, then the other texts by exact code-unit order.
+struct GenericKey
+{
+    int rank = 0;
+    double number = 0;
+    QStringView text;
+};
+
+GenericKey genericKey(QStringView text)
+{
+    GenericKey key{2, 0, text};
+    if (text.isEmpty())
+        key.rank = 0;
+    else if (readNumber(text, key.number))
+        key.rank = 1;
+    return key;
+}
+
+int compareGeneric(const GenericKey& a, const GenericKey& b)
+{
+    if (a.rank != b.rank)
+        return a.rank < b.rank ? -1 : 1;
+    if (a.rank == 1)
+        return sign(a.number - b.number);
+    return a.text.compare(b.text, Qt::CaseSensitive);
+}
+
+bool isAscending(int setting)
+{
+    return setting % 2 == 1;
+}
+
+/// The common case — one numeric key — as a sort of (key, row) pairs, close to a plain sort of
+/// doubles.
+std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, int count,
+                                        int keyCol, bool ascending)
+{
+    struct Entry
+    {
+        double key;
+        std::uint32_t row;
+    };
+    std::vector<Entry> entries(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        entries[std::size_t(i)] = {numberOrZero(store.textView(first + i, keyCol)),
+                                   std::uint32_t(i)};
+    if (ascending)
+        std::stable_sort(entries.begin(), entries.end(),
+                         [](const Entry& a, const Entry& b) { return a.key < b.key; });
+    else
+        std::stable_sort(entries.begin(), entries.end(),
+                         [](const Entry& a, const Entry& b) { return b.key < a.key; });
+    std::vector<std::uint32_t> order(entries.size());
+    std::transform(entries.begin(), entries.end(), order.begin(),
+                   [](const Entry& e) { return e.row; });
+    return order;
+}
+
+/// Any setting over any number of key columns: keys are prepared per column, then rows are
+/// compared column by column, leftmost first.
+template<typename Key, typename MakeKey, typename CompareKeys>
+std::vector<std::uint32_t> keyedOrder(const FlexCellStore& store, int first, int count,
+                                      int firstKey, int lastKey, bool ascending,
+                                      MakeKey makeKey, CompareKeys compareKeys)
+{
+    const auto keyCount = std::size_t(lastKey - firstKey + 1);
+    std::vector<Key> keys(std::size_t(count) * keyCount);
+    for (int i = 0; i < count; ++i) {
+        for (std::size_t k = 0; k < keyCount; ++k)
+            keys[std::size_t(i) * keyCount + k] =
+                makeKey(store.textView(first + i, firstKey + int(k)));
+    }
+    std::vector<std::uint32_t> order(static_cast<std::size_t>(count));
+    std::iota(order.begin(), order.end(), 0u);
+    const auto compareRows = [&](std::uint32_t a, std::uint32_t b) {
+        for (std::size_t k = 0; k < keyCount; ++k) {
+            const int result = compareKeys(keys[a * keyCount + k], keys[b * keyCount + k]);
+            if (result != 0)
+                return result;
+        }
+        return 0;
+    };
+    std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+        const int result = compareRows(a, b);
+        return ascending ? result < 0 : result > 0;
+    });
+    return order;
+}
+
+} // namespace
+
+void FlexGridPrivate::sort(int setting)
+{
+    if (setting == Flex::flexSortNone)
+        return;
+    const int rows = store.rowCount();
+    int first = std::min(row, rowSel);
+    int last = std::max(row, rowSel);
+    if (row == rowSel) {
+        first = fixedRows;
+        last = rows - 1;
+    }
+    const int firstKey = std::min(col, colSel);
+    const int lastKey = std::max(col, colSel);
+    if (first < 0 || last >= rows || last <= first || firstKey < 0 || lastKey >= store.colCount())
+        return;
+    const int count = last - first + 1;
+    const bool ascending = isAscending(setting);
+    const auto identity = [](QStringView text) { return text; };
+
+    std::vector<std::uint32_t> order;
+    switch (setting) {
+    case Flex::flexSortNumericAscending:
+    case Flex::flexSortNumericDescending:
+        order = firstKey == lastKey
+                    ? numericOrder(store, first, count, firstKey, ascending)
+                    : keyedOrder<double>(store, first, count, firstKey, lastKey, ascending,
+                                         numberOrZero,
+                                         [](double a, double b) { return sign(a - b); });
+        break;
+    case Flex::flexSortGenericAscending:
+    case Flex::flexSortGenericDescending:
+        order = keyedOrder<GenericKey>(store, first, count, firstKey, lastKey, ascending,
+                                       genericKey, compareGeneric);
+        break;
+    case Flex::flexSortStringNoCaseAscending:
+    case Flex::flexSortStringNoCaseDescending:
+        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
+                                        identity, compareNoCase);
+        break;
+    case Flex::flexSortStringAscending:
+    case Flex::flexSortStringDescending:
+        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
+                                        identity, compareCase);
+        break;
+    case Flex::flexSortCustom: {
+        order.resize(std::size_t(count));
+        std::iota(order.begin(), order.end(), 0u);
+        std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+            short cmp = 0;
+            Q_EMIT q->Compare(first + int(a), first + int(b), cmp);
+            return cmp < 0;
+        });
+        break;
+    }
+    default:
+        return;
+    }
+    store.reorderRows(first, order);
+    relayout();
+}
+
+} // namespace VemoGridLib
