@@ -1,6 +1,8 @@
 // Part 3.1: clsDate against ICU's Chinese calendar, converting every supported day.
 #include "dates/clsDate.h"
 
+#include "RatioReporter.h"
+
 #include <benchmark/benchmark.h>
 #include <unicode/calendar.h>
 #include <unicode/locid.h>
@@ -8,7 +10,6 @@
 #include <QDate>
 
 #include <cstdio>
-#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -111,37 +112,6 @@ int countDisagreements(const std::vector<GregorianDay>& days)
     return disagreements;
 }
 
-// Shows the usual console table and keeps each benchmark's mean CPU time per iteration.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred)
-                continue;
-            Mean& mean = m_cpuTimes[run.benchmark_name()];
-            mean.sum += run.GetAdjustedCPUTime();
-            ++mean.count;
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-
-    double meanCpuTime(const std::string& name) const
-    {
-        const auto found = m_cpuTimes.find(name);
-        return found == m_cpuTimes.end() ? 0.0 : found->second.sum / found->second.count;
-    }
-
-private:
-    struct Mean
-    {
-        double sum = 0.0;
-        int count = 0;
-    };
-    std::map<std::string, Mean> m_cpuTimes;
-};
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -159,16 +129,12 @@ int main(int argc, char** argv)
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
 
-    const double ours = reporter.meanCpuTime("clsDate/every_day");
-    const double icu = reporter.meanCpuTime("ICU_chinese/every_day");
+    const double ours = reporter.seconds("clsDate/every_day");
+    const double icu = reporter.seconds("ICU_chinese/every_day");
     std::printf("\n%zu days, 1900-01-31..2100-12-31, per day: clsDate %.1f ns, ICU %.1f ns\n",
-                days.size(), ours * 1e6 / double(days.size()), icu * 1e6 / double(days.size()));
-    if (ours > 0.0 && icu > 0.0) {
-        if (ours <= icu)
-            std::printf("clsDate vs ICU: %.1fx faster (CPU time)\n", icu / ours);
-        else
-            std::printf("clsDate vs ICU: %.1fx slower (CPU time)\n", ours / icu);
-    }
+                days.size(), ours * 1e9 / double(days.size()), icu * 1e9 / double(days.size()));
+    if (ours > 0.0 && icu > 0.0)
+        std::printf("clsDate vs ICU: %s (CPU time)\n", RatioReporter::comparison(ours, icu).c_str());
     std::printf("days where clsDate and ICU disagree (month, day or leap flag): %d\n",
                 countDisagreements(days));
     return 0;

@@ -7,6 +7,7 @@
 #include "common/Twips.h"
 
 #include <QFontMetrics>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -244,6 +245,8 @@ bool FlexGridPrivate::scrollToCol(int c)
 
 void FlexGridPrivate::scrollFromBars()
 {
+    if (syncingScrollBars)
+        return;
     const bool vertical = scrollBars & Flex::flexScrollBarVertical;
     const bool horizontal = scrollBars & Flex::flexScrollBarHorizontal;
     scrollTo(vertical ? q->verticalScrollBar()->value() : topRow,
@@ -293,8 +296,10 @@ void FlexGridPrivate::ensureVisible(int r, int c)
 
 void FlexGridPrivate::updateScrollBars()
 {
+    // The bars' signals stay connected: the scroll area shows and hides a bar on rangeChanged.
+    // Only the value's feedback into scrollFromBars is held back.
+    const QScopedValueRollback<bool> syncing(syncingScrollBars, true);
     const auto configure = [](QScrollBar* bar, int minimum, int maximum, int value, int page) {
-        const QSignalBlocker blocker(bar);
         bar->setRange(minimum, std::max(minimum, maximum));
         bar->setPageStep(std::max(1, page));
         bar->setSingleStep(1);

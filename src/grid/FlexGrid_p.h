@@ -42,6 +42,8 @@ public:
     int colSel = 1;
     int topRow = 1;
     int leftCol = 1;
+    /// True while updateScrollBars moves the bars, so their feedback is ignored.
+    bool syncingScrollBars = false;
     /// Bumped every time the current cell changes, so the key handling can tell whether a
     /// KeyDown handler already moved it.
     quint64 cellMoves = 0;
