@@ -221,6 +221,11 @@ int FlexGridPrivate::maxLeftCol() const
 
 bool FlexGridPrivate::scrollTo(int top, int left)
 {
+    // §7: in a direction without a scroll bar nothing scrolls, not even to follow the cursor.
+    if (!(scrollBars & Flex::flexScrollBarVertical))
+        top = topRow;
+    if (!(scrollBars & Flex::flexScrollBarHorizontal))
+        left = leftCol;
     const int newTop = std::clamp(top, fixedRows, std::max(fixedRows, maxTopRow()));
     const int newLeft = std::clamp(left, fixedCols, std::max(fixedCols, maxLeftCol()));
     if (newTop == topRow && newLeft == leftCol)
