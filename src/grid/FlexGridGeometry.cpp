@@ -373,13 +373,8 @@ void FlexGrid::setRowHeight(int row, int twips)
 {
     if (twips < -1)
         FlexGridPrivate::raise(Flex::flexerrBadRowHeight);
-    if (row == -1) {
-        for (int r = 0; r < Rows(); ++r)
-            d->store.setRowHeight(r, twips);
-    } else {
-        d->checkRow(row);
-        d->store.setRowHeight(row, twips);
-    }
+    d->checkRow(row);
+    d->store.setRowHeight(row, twips);
     d->relayout();
 }
 
