@@ -42,9 +42,14 @@ struct VEMOGRIDLIB_EXPORT FlexCellFormat
     /// True when every member is unset (the look of a never-formatted cell).
     bool isDefault() const;
 
-    friend bool operator==(const FlexCellFormat& a, const FlexCellFormat& b);
-    friend bool operator!=(const FlexCellFormat& a, const FlexCellFormat& b) { return !(a == b); }
 };
+
+/// Equal when every member is; pictures are the same when their `QPixmap::cacheKey()` is.
+VEMOGRIDLIB_EXPORT bool operator==(const FlexCellFormat& a, const FlexCellFormat& b);
+inline bool operator!=(const FlexCellFormat& a, const FlexCellFormat& b)
+{
+    return !(a == b);
+}
 
 /// A hash over every member; pictures are compared and hashed by `QPixmap::cacheKey()`.
 VEMOGRIDLIB_EXPORT size_t qHash(const FlexCellFormat& format, size_t seed = 0) noexcept;

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPaintEvent>
 #include <QScrollBar>
+#include <QTimerEvent>
 
 #include <algorithm>
 
@@ -1199,6 +1200,14 @@ void FlexGrid::focusOutEvent(QFocusEvent* event)
     if (d->highLight == Flex::flexHighlightWithFocus || d->focusRect != Flex::flexFocusNone)
         d->requestRepaint();
     Q_EMIT LostFocus();
+}
+
+void FlexGrid::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == d->dragScrollTimer.timerId())
+        d->dragScrollTick();
+    else
+        QAbstractScrollArea::timerEvent(event);
 }
 
 void FlexGrid::changeEvent(QEvent* event)

@@ -310,7 +310,8 @@ public:
     /// The pointer shown for `MousePointer` 99.
     QCursor MouseIcon() const;
     void setMouseIcon(const QCursor& cursor);
-    /// `Picture` (read-only): a snapshot of the whole grid, monochrome with `PictureType` 1.
+    /// `Picture` (read-only): a snapshot of the cells as drawn (the client area, without the
+    /// frame and scroll bars), monochrome with `PictureType` 1; works with `Redraw` false.
     QPixmap Picture() const;
     int PictureType() const;
     void setPictureType(int type);
@@ -363,6 +364,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     friend class FlexGridPrivate;

@@ -299,6 +299,25 @@ void FlexGridPrivate::ensureVisible(int r, int c)
     scrollTo(top, left);
 }
 
+int FlexGridPrivate::pageDownTopRow() const
+{
+    const int viewportHeight = q->viewport()->height();
+    int bottom = fixedRowsHeightPx();
+    int r = topRow;
+    while (r < store.rowCount() && bottom + rowHeightPx(r) <= viewportHeight)
+        bottom += rowHeightPx(r++);
+    return std::max(r, topRow + 1);
+}
+
+int FlexGridPrivate::pageUpTopRow() const
+{
+    if (topRow <= fixedRows)
+        return topRow;
+    const int available = q->viewport()->height() - fixedRowsHeightPx();
+    return firstShowingWhole(topRow - 1, fixedRows, available,
+                             [this](int i) { return rowHeightPx(i); });
+}
+
 void FlexGridPrivate::updateScrollBars()
 {
     // The bars' signals stay connected: the scroll area shows and hides a bar on rangeChanged.
@@ -508,7 +527,6 @@ void FlexGrid::setScrollTrack(bool track)
 
 void FlexGrid::scrollVertically(int request)
 {
-    const int page = std::max(1, d->lastVisibleRow() - d->topRow);
     switch (request) {
     case Flex::flexLineUp:
         d->scrollToRow(d->topRow - 1);
@@ -517,10 +535,10 @@ void FlexGrid::scrollVertically(int request)
         d->scrollToRow(d->topRow + 1);
         break;
     case Flex::flexPageUp:
-        d->scrollToRow(d->topRow - page);
+        d->scrollToRow(d->pageUpTopRow());
         break;
     case Flex::flexPageDown:
-        d->scrollToRow(d->topRow + page);
+        d->scrollToRow(d->pageDownTopRow());
         break;
     default:
         FlexGridPrivate::raise(Flex::flexerrInvalidProcedureCall);

@@ -251,8 +251,17 @@ Cell dragCorner(const FlexGridPrivate& d, Cell hit, SelectSpan span)
     return {row, col};
 }
 
-/// While a drag is outside the data area, each pointer move scrolls one shown row or column
-/// toward it, so holding the pointer below the grid and wiggling walks through the rows.
+/// Interval of the steps a selecting drag scrolls while the pointer rests outside the cells.
+constexpr int DragScrollIntervalMs = 50;
+
+bool isOutsideScrolledCells(const FlexGridPrivate& d, QPoint pos)
+{
+    return pos.y() >= d.q->viewport()->height() || pos.y() < d.fixedRowsHeightPx()
+           || pos.x() >= d.q->viewport()->width() || pos.x() < d.fixedColsWidthPx();
+}
+
+/// While a drag is outside the data area, each pointer move and each tick of the drag-scroll
+/// timer scrolls one shown row or column toward it.
 void autoScrollToward(FlexGridPrivate& d, QPoint pos, SelectSpan span)
 {
     if (span == SelectSpan::Cells || span == SelectSpan::Rows) {
@@ -314,6 +323,10 @@ void extendSelectionTo(FlexGridPrivate& d, QPoint pos)
     if (span == SelectSpan::All || !hasDataCells(d))
         return;
     autoScrollToward(d, pos, span);
+    if (isOutsideScrolledCells(d, pos))
+        d.dragScrollTimer.start(DragScrollIntervalMs, d.q);
+    else
+        d.dragScrollTimer.stop();
     const Cell corner = dragCorner(d, cellAt(d, clampedToViewport(d, pos)), span);
     d.setSelection(corner.row, corner.col, true);
 }
@@ -334,6 +347,7 @@ void resizeTo(FlexGridPrivate& d, QPoint pos)
 void finishDrag(FlexGridPrivate& d)
 {
     const bool selecting = d.drag == Drag::Select;
+    d.dragScrollTimer.stop();
     d.drag = Drag::None;
     d.dragIndex = -1;
     if (selecting && (d.rowSel != d.dragStartRowSel || d.colSel != d.dragStartColSel))
@@ -510,6 +524,14 @@ void FlexGridPrivate::mouseDoubleClick(QMouseEvent* event)
     // sends after this event must report MouseUp without a second Click.
     pressedInside = false;
     Q_EMIT q->DblClick();
+}
+
+void FlexGridPrivate::dragScrollTick()
+{
+    if (drag == Drag::Select)
+        extendSelectionTo(*this, mousePos);
+    else
+        dragScrollTimer.stop();
 }
 
 void FlexGridPrivate::wheel(QWheelEvent* event)

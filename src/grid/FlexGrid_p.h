@@ -9,6 +9,7 @@
 #include "common/OleColor.h"
 
 #include <QAbstractItemModel>
+#include <QBasicTimer>
 #include <QCursor>
 #include <QFont>
 #include <QMetaObject>
@@ -93,6 +94,8 @@ public:
     int dragStartRowSel = 0;
     int dragStartColSel = 0;
     bool pressedInside = false;
+    /// Keeps a selecting drag scrolling while the pointer rests outside the cells.
+    QBasicTimer dragScrollTimer;
 
     // ---- data binding (FlexGridDataSource.cpp) -------------------------------------------
     QPointer<QAbstractItemModel> dataSource;
@@ -153,6 +156,10 @@ public:
     /// Sets TopRow / LeftCol clamped to FixedRows..maxTopRow; fires Scroll when it moved.
     bool scrollToRow(int r);
     bool scrollToCol(int c);
+    /// TopRow after a page down (the first row not wholly shown) and a page up (the first row
+    /// of the page that ends just above TopRow).
+    int pageDownTopRow() const;
+    int pageUpTopRow() const;
     /// Scrolls so the cell is fully visible (as far as the viewport allows).
     void ensureVisible(int r, int c);
     /// Sets TopRow and LeftCol together (each clamped); one Scroll when either moved.
@@ -191,6 +198,8 @@ public:
     void wheel(QWheelEvent* event);
     void keyPress(QKeyEvent* event);
     void keyRelease(QKeyEvent* event);
+    /// One step of a selecting drag held outside the cells (dragScrollTimer).
+    void dragScrollTick();
     /// The pointer shape for the MousePointer setting (and resize zones under the pointer).
     void updateCursor();
 

@@ -95,6 +95,7 @@ private slots:
     void dragExtendsSelectionAndReportsAtRelease();
     void dragBackToItsStartReportsNothing();
     void dragBelowTheViewportScrolls();
+    void dragHeldBelowTheViewportKeepsScrolling();
     void shiftClickExtendsFromCurrentCell();
     void headerClick_data();
     void headerClick();
@@ -301,6 +302,23 @@ void tst_FlexGridInput::dragBelowTheViewportScrolls()
     QCOMPARE(m_grid->Row(), 2);
     QCOMPARE(m_log.count("SelChange"), 1);
     QVERIFY(!m_log.contains("Click")); // released outside the control
+}
+
+void tst_FlexGridInput::dragHeldBelowTheViewportKeepsScrolling()
+{
+    fill(60, 6);
+    QWidget* const viewport = m_grid->viewport();
+    const QPoint below(centerOf(*m_grid, 2, 2).x(), viewport->height() + 10);
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, centerOf(*m_grid, 2, 2));
+    QTest::mouseMove(viewport, below);
+    const int topAfterMove = m_grid->TopRow();
+    // The pointer rests: the drag-scroll timer goes on stepping row by row.
+    QTRY_VERIFY_WITH_TIMEOUT(m_grid->TopRow() >= topAfterMove + 3, 2000);
+    QVERIFY(m_grid->RowSel() >= m_grid->TopRow());
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, below);
+    const int topAfterRelease = m_grid->TopRow();
+    QTest::qWait(200);
+    QCOMPARE(m_grid->TopRow(), topAfterRelease);
 }
 
 void tst_FlexGridInput::shiftClickExtendsFromCurrentCell()
