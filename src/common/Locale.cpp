@@ -1,7 +1,5 @@
 #include "common/Locale.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 #include <cerrno>
 #include <iconv.h>
@@ -36,10 +34,11 @@ constexpr quint32 lcidChineseTaiwan = 1028;
 // "zh_CN.UTF-8@euro" → "zh_CN": the code set and the modifier do not change the locale id.
 QString languageAndTerritory(const QString& localeName)
 {
+    // Read on every call (hosts switch locales at run time), so no regular expression here.
     QString name = localeName.trimmed();
-    const qsizetype cut = name.indexOf(QRegularExpression(QStringLiteral("[.@]")));
-    if (cut >= 0)
-        name.truncate(cut);
+    const auto cut = std::find_if(name.cbegin(), name.cend(),
+                                  [](QChar ch) { return ch == u'.' || ch == u'@'; });
+    name.truncate(cut - name.cbegin());
     return name.replace(QLatin1Char('-'), QLatin1Char('_'));
 }
 

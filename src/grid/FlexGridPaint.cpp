@@ -362,7 +362,7 @@ private:
                     continue;
                 const int c = cols.first + j;
                 const Block block = merges ? merges->blockAt(r, c) : Block{r, r, c, c};
-                paintBlock(block, blockRect(block, rows, cols));
+                paintBlock(block, blockRect(block, rows, cols), bandClip);
                 coveredDownTo[j] = block.bottom;
                 j = block.right - cols.first;
             }
@@ -387,8 +387,9 @@ private:
 
     /// Background, grid lines, text, picture and focus rectangle of one block, in that order:
     /// the picture goes over the text so that a text hidden in the background colour (the
-    /// check-box cells of Part 1.1) never eats into it.
-    void paintBlock(const Block& block, const QRect& rect)
+    /// check-box cells of Part 1.1) never eats into it. A merged run reaching out of its band
+    /// places its text and picture in the part that shows, so a long run never looks empty.
+    void paintBlock(const Block& block, const QRect& rect, const QRect& band)
     {
         const int r = block.top;
         const int c = block.left;
@@ -408,9 +409,11 @@ private:
         paintGridLines(rect, content, lineStyle, fixed ? lineColorFixed : lineColor);
         if (content.isEmpty())
             return;
-        paintText(r, c, format, fixed, content, cellFore);
+        const bool merged = block.top != block.bottom || block.left != block.right;
+        const QRect shown = merged ? content & band : content;
+        paintText(r, c, format, fixed, shown, cellFore);
         if (!format.picture.isNull())
-            paintPicture(format.picture, format.pictureAlignment, content);
+            paintPicture(format.picture, format.pictureAlignment, shown);
         if (framed)
             paintFocusRect(content, cellFore);
     }

@@ -43,27 +43,27 @@ bool readPlainDecimal(QStringView text, double& value)
 }
 
 /// VB's IsNumeric / CDbl reading of a cell (vb-semantics.md §4), with the plain fast path.
-bool readNumber(QStringView text, double& value)
+bool readNumber(QStringView text, vb::VbLocale locale, double& value)
 {
     if (readPlainDecimal(text, value))
         return true;
     if (text.isEmpty())
         return false;
     const QString copy = text.toString();
-    if (!vb::IsNumeric(copy))
+    if (!vb::IsNumeric(copy, locale))
         return false;
     try {
-        value = vb::CDbl(copy);
+        value = vb::CDbl(copy, locale);
     } catch (const VemoError&) {
         return false;
     }
     return true;
 }
 
-double numberOrZero(QStringView text)
+double numberOrZero(QStringView text, vb::VbLocale locale)
 {
     double value = 0;
-    return readNumber(text, value) ? value : 0;
+    return readNumber(text, locale, value) ? value : 0;
 }
 
 int sign(double difference)
@@ -93,12 +93,12 @@ struct GenericKey
     QStringView text;
 };
 
-GenericKey genericKey(QStringView text)
+GenericKey genericKey(QStringView text, vb::VbLocale locale)
 {
     GenericKey key{2, 0, text};
     if (text.isEmpty())
         key.rank = 0;
-    else if (readNumber(text, key.number))
+    else if (readNumber(text, locale, key.number))
         key.rank = 1;
     return key;
 }
@@ -120,7 +120,7 @@ bool isAscending(int setting)
 /// The common case — one numeric key — as a sort of (key, row) pairs, close to a plain sort of
 /// doubles.
 std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, int count,
-                                        int keyCol, bool ascending)
+                                        int keyCol, bool ascending, vb::VbLocale locale)
 {
     struct Entry
     {
@@ -129,7 +129,7 @@ std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, i
     };
     std::vector<Entry> entries(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
-        entries[std::size_t(i)] = {numberOrZero(store.textView(first + i, keyCol)),
+        entries[std::size_t(i)] = {numberOrZero(store.textView(first + i, keyCol), locale),
                                    std::uint32_t(i)};
     if (ascending)
         std::stable_sort(entries.begin(), entries.end(),
@@ -194,21 +194,25 @@ void FlexGridPrivate::sort(int setting)
     const int count = last - first + 1;
     const bool ascending = isAscending(setting);
     const auto identity = [](QStringView text) { return text; };
+    // One locale for the whole sort: every key is read the same way.
+    const vb::VbLocale locale = vb::userLocale();
+    const auto number = [locale](QStringView text) { return numberOrZero(text, locale); };
+    const auto generic = [locale](QStringView text) { return genericKey(text, locale); };
 
     std::vector<std::uint32_t> order;
     switch (setting) {
     case Flex::flexSortNumericAscending:
     case Flex::flexSortNumericDescending:
         order = firstKey == lastKey
-                    ? numericOrder(store, first, count, firstKey, ascending)
+                    ? numericOrder(store, first, count, firstKey, ascending, locale)
                     : keyedOrder<double>(store, first, count, firstKey, lastKey, ascending,
-                                         numberOrZero,
+                                         number,
                                          [](double a, double b) { return sign(a - b); });
         break;
     case Flex::flexSortGenericAscending:
     case Flex::flexSortGenericDescending:
         order = keyedOrder<GenericKey>(store, first, count, firstKey, lastKey, ascending,
-                                       genericKey, compareGeneric);
+                                       generic, compareGeneric);
         break;
     case Flex::flexSortStringNoCaseAscending:
     case Flex::flexSortStringNoCaseDescending:

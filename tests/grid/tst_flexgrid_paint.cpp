@@ -209,6 +209,7 @@ private slots:
     void mergeAlongRow();
     void mergeDownColumn_data();
     void mergeDownColumn();
+    void longMergedRunShowsItsTextInTheViewport();
     void mergingTurnsHighlightOff();
 
     void paintsOnlyTheRegion();
@@ -920,6 +921,27 @@ void tst_FlexGridPaint::mergeDownColumn()
     // One "V" centred on the line between the cells, or one in each cell.
     QVERIFY(ink.top() < upper.bottom() && ink.bottom() > upper.bottom());
     QCOMPARE(ink.height() < upper.height(), merged);
+}
+
+void tst_FlexGridPaint::longMergedRunShowsItsTextInTheViewport()
+{
+    // A run of 200 equal cells, far taller than the window, scrolled into its middle.
+    auto scene = makeScene(300, 4);
+    QVERIFY(exposed(*scene));
+    FlexGrid& grid = *scene->grid;
+    grid.setMergeCells(flexMergeFree);
+    grid.setMergeCol(2, true);
+    for (int r = 1; r <= 200; ++r)
+        grid.setTextMatrix(r, 2, QStringLiteral("Run"));
+    // The run's middle (row 100) lies far above the rows shown.
+    grid.setTopRow(160);
+    const QImage image = shot(grid);
+    const int dataTop = cellRect(grid, 160, 2).top();
+    const QRect column(cellRect(grid, 0, 2).left(), dataTop, cellRect(grid, 0, 2).width(),
+                       image.height() - dataTop);
+    const QRect ink = inkBounds(image, column, Blue);
+    QVERIFY(!ink.isEmpty());
+    QVERIFY(column.contains(ink));
 }
 
 void tst_FlexGridPaint::mergingTurnsHighlightOff()

@@ -1,0 +1,51 @@
+// vemo-demo: the VemoGridLib demo application. `--screenshot FILE` renders the window without
+// showing it (also on the offscreen platform), writes it to FILE as a PNG and exits.
+#include "DemoWindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QPixmap>
+#include <QTextStream>
+
+namespace {
+
+int writeScreenshot(DemoWindow& window, const QString& file)
+{
+    window.setAttribute(Qt::WA_DontShowOnScreen);
+    window.show();
+    QApplication::processEvents();
+    if (!window.grab().save(file, "PNG")) {
+        QTextStream(stderr) << "vemo-demo: cannot write " << file << Qt::endl;
+        return 1;
+    }
+    QTextStream(stdout) << "vemo-demo: wrote " << file << Qt::endl;
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vemo-demo"));
+    QApplication::setApplicationVersion(QStringLiteral(VEMOGRIDLIB_VERSION_STRING));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("The VemoGridLib demo: a FlexGrid of %1 generated invoices.")
+            .arg(DemoWindow::InvoiceCount));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption screenshot(
+        QStringLiteral("screenshot"),
+        QStringLiteral("Render the window to the PNG <file> without showing it, then exit."),
+        QStringLiteral("file"));
+    parser.addOption(screenshot);
+    parser.process(app);
+
+    DemoWindow window;
+    if (parser.isSet(screenshot))
+        return writeScreenshot(window, parser.value(screenshot));
+    window.show();
+    return QApplication::exec();
+}
