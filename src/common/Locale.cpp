@@ -36,8 +36,8 @@ QString languageAndTerritory(const QString& localeName)
 {
     // Read on every call (hosts switch locales at run time), so no regular expression here.
     QString name = localeName.trimmed();
-    const auto cut = std::find_if(name.cbegin(), name.cend(),
-                                  [](QChar ch) { return ch == u'.' || ch == u'@'; });
+    const auto cut =
+        std::find_if(name.cbegin(), name.cend(), [](QChar ch) { return ch == u'.' || ch == u'@'; });
     name.truncate(cut - name.cbegin());
     return name.replace(QLatin1Char('-'), QLatin1Char('_'));
 }

@@ -41,7 +41,6 @@ struct VEMOGRIDLIB_EXPORT FlexCellFormat
 
     /// True when every member is unset (the look of a never-formatted cell).
     bool isDefault() const;
-
 };
 
 /// Equal when every member is; pictures are the same when their `QPixmap::cacheKey()` is.

@@ -58,7 +58,7 @@ struct LookTransition
     throw VemoError(Flex::flexerrOutOfMemory, QStringLiteral("Out of memory"));
 }
 
-template<typename T>
+template <typename T>
 std::size_t heapBytes(const std::vector<T>& v)
 {
     return v.capacity() * sizeof(T);
@@ -298,8 +298,8 @@ struct FlexCellStore::Private
     {
         const auto bits = std::bit_cast<std::uint64_t>(value);
         const std::uint64_t mixed =
-            (bits ^ (bits >> 29) ^ (std::uint64_t(from) * 0x9E3779B97F4A7C15ull))
-            + std::uint64_t(field) * 0x51ull;
+            (bits ^ (bits >> 29) ^ (std::uint64_t(from) * 0x9E3779B97F4A7C15ull)) +
+            std::uint64_t(field) * 0x51ull;
         return transitions[(mixed ^ (mixed >> 32)) & (transitions.size() - 1)];
     }
 
@@ -401,7 +401,9 @@ struct FlexCellStore::Private
     }
 };
 
-FlexCellStore::FlexCellStore() : d(std::make_unique<Private>()) {}
+FlexCellStore::FlexCellStore()
+    : d(std::make_unique<Private>())
+{}
 
 FlexCellStore::~FlexCellStore() = default;
 
@@ -640,12 +642,11 @@ void FlexCellStore::clearCells()
 
 std::size_t FlexCellStore::bytesUsed() const
 {
-    std::size_t bytes = heapBytes(d->order) + heapBytes(d->freeRows) + heapBytes(d->heights)
-                        + heapBytes(d->rowData) + heapBytes(d->mergeFlags)
-                        + heapBytes(d->columns) + heapBytes(d->pages)
-                        + d->pages.size() * PageUnits * sizeof(char16_t)
-                        + heapBytes(d->longTexts) + heapBytes(d->freeLongTexts)
-                        + heapBytes(d->looks) + d->lookIds.capacity() * sizeof(FlexCellFormat);
+    std::size_t bytes = heapBytes(d->order) + heapBytes(d->freeRows) + heapBytes(d->heights) +
+                        heapBytes(d->rowData) + heapBytes(d->mergeFlags) + heapBytes(d->columns) +
+                        heapBytes(d->pages) + d->pages.size() * PageUnits * sizeof(char16_t) +
+                        heapBytes(d->longTexts) + heapBytes(d->freeLongTexts) +
+                        heapBytes(d->looks) + d->lookIds.capacity() * sizeof(FlexCellFormat);
     for (const QString& text : d->longTexts)
         bytes += std::size_t(text.capacity()) * sizeof(QChar);
     for (const ColumnStore& column : d->columns)

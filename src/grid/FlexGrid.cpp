@@ -6,8 +6,8 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTimerEvent>
 
@@ -67,15 +67,16 @@ void checkSetting(int value, int low, int high)
 
 bool isValidMousePointer(int pointer)
 {
-    return (pointer >= Flex::flexDefault && pointer <= Flex::flexSizeAll)
-           || pointer == Flex::flexCustom;
+    return (pointer >= Flex::flexDefault && pointer <= Flex::flexSizeAll) ||
+           pointer == Flex::flexCustom;
 }
 
 } // namespace
 
 // ---- private: errors, current cell, effective look ------------------------------------------
 
-FlexGridPrivate::FlexGridPrivate(FlexGrid* grid) : q(grid)
+FlexGridPrivate::FlexGridPrivate(FlexGrid* grid)
+    : q(grid)
 {
     store.setColCount(2);
     store.setRowCount(2);
@@ -165,8 +166,10 @@ bool FlexGridPrivate::isSelected(int r, int c) const
 {
     const bool rowsWhole = selectionMode == Flex::flexSelectionByColumn;
     const bool colsWhole = selectionMode == Flex::flexSelectionByRow;
-    const bool inRows = rowsWhole ? r >= fixedRows : r >= std::min(row, rowSel) && r <= std::max(row, rowSel);
-    const bool inCols = colsWhole ? c >= fixedCols : c >= std::min(col, colSel) && c <= std::max(col, colSel);
+    const bool inRows =
+        rowsWhole ? r >= fixedRows : r >= std::min(row, rowSel) && r <= std::max(row, rowSel);
+    const bool inCols =
+        colsWhole ? c >= fixedCols : c >= std::min(col, colSel) && c <= std::max(col, colSel);
     return inRows && inCols;
 }
 
@@ -220,7 +223,8 @@ int FlexGridPrivate::effectiveAlignment(int r, int c) const
 // ---- construction ----------------------------------------------------------------------------
 
 FlexGrid::FlexGrid(QWidget* parent)
-    : QAbstractScrollArea(parent), d(std::make_unique<FlexGridPrivate>(this))
+    : QAbstractScrollArea(parent)
+    , d(std::make_unique<FlexGridPrivate>(this))
 {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(1);
@@ -381,7 +385,8 @@ void FlexGrid::setFormatString(const QString& format)
     d->relayout();
 }
 
-// ---- §6 current cell and selection ----------------------------------------------------------------
+// ---- §6 current cell and selection
+// ----------------------------------------------------------------
 
 int FlexGrid::Row() const
 {
@@ -452,7 +457,8 @@ void FlexGrid::setAllowBigSelection(bool allow)
     d->allowBigSelection = allow;
 }
 
-// ---- §10 per-cell look -----------------------------------------------------------------------------
+// ---- §10 per-cell look
+// -----------------------------------------------------------------------------
 
 int FlexGrid::FillStyle() const
 {
@@ -480,7 +486,7 @@ void setTargetLook(FlexGridPrivate& d, FlexCellStore::FormatField field, double 
 }
 
 /// Applies a change to the whole look of every cell FillStyle addresses.
-template<typename Change>
+template <typename Change>
 void changeTargetLook(FlexGridPrivate& d, Change&& change)
 {
     d.checkCurrentCell();
@@ -761,7 +767,8 @@ void FlexGrid::setColData(int col, qint32 value)
     d->store.setColData(col, value);
 }
 
-// ---- §8 row and column operations ----------------------------------------------------------------
+// ---- §8 row and column operations
+// ----------------------------------------------------------------
 
 void FlexGrid::setColPosition(int col, int to)
 {
@@ -830,7 +837,8 @@ void FlexGrid::setSort(int setting)
     d->sort(setting);
 }
 
-// ---- §11 grid-wide look -----------------------------------------------------------------------------
+// ---- §11 grid-wide look
+// -----------------------------------------------------------------------------
 
 namespace {
 

@@ -30,8 +30,8 @@ int alignmentPrefix(QStringView segment)
 void FlexGridPrivate::applyFormatString(const QString& format)
 {
     const qsizetype semicolon = format.indexOf(u';');
-    const QStringView columnPart = QStringView(format).left(semicolon < 0 ? format.size()
-                                                                          : semicolon);
+    const QStringView columnPart =
+        QStringView(format).left(semicolon < 0 ? format.size() : semicolon);
     const bool hasRowPart = semicolon >= 0;
     const QFontMetrics metrics(fixedFont());
 

@@ -14,7 +14,8 @@
 
 namespace VemoGridLib {
 
-// ---- private: pixels -----------------------------------------------------------------------------
+// ---- private: pixels
+// -----------------------------------------------------------------------------
 
 int FlexGridPrivate::twipsToPxX(int twips) const
 {
@@ -130,7 +131,7 @@ namespace {
 
 /// The index under `pos` when the fixed indices come first and the scrolled ones from `first`;
 /// before everything 0, past the end the last index (§7 MouseRow/MouseCol clamping).
-template<typename Extent>
+template <typename Extent>
 int indexAt(int pos, int fixed, int first, int count, Extent extent)
 {
     if (count <= 0 || pos < 0)
@@ -150,7 +151,7 @@ int indexAt(int pos, int fixed, int first, int count, Extent extent)
 }
 
 /// The last index whose leading edge lies inside `viewportExtent`, walking from `first`.
-template<typename Extent>
+template <typename Extent>
 int lastVisibleIndex(int fixedExtent, int viewportExtent, int first, int count, Extent extent)
 {
     int edge = fixedExtent;
@@ -163,7 +164,7 @@ int lastVisibleIndex(int fixedExtent, int viewportExtent, int first, int count, 
 }
 
 /// The largest first index whose indices up to the end still fill the viewport.
-template<typename Extent>
+template <typename Extent>
 int maxFirstIndex(int fixedExtent, int viewportExtent, int fixed, int count, Extent extent)
 {
     const int available = viewportExtent - fixedExtent;
@@ -195,29 +196,30 @@ int FlexGridPrivate::colAtPx(int x) const
 
 int FlexGridPrivate::lastVisibleRow() const
 {
-    return lastVisibleIndex(fixedRowsHeightPx(), q->viewport()->height(), topRow,
-                            store.rowCount(), [this](int r) { return rowHeightPx(r); });
+    return lastVisibleIndex(fixedRowsHeightPx(), q->viewport()->height(), topRow, store.rowCount(),
+                            [this](int r) { return rowHeightPx(r); });
 }
 
 int FlexGridPrivate::lastVisibleCol() const
 {
-    return lastVisibleIndex(fixedColsWidthPx(), q->viewport()->width(), leftCol,
-                            store.colCount(), [this](int c) { return colWidthPx(c); });
+    return lastVisibleIndex(fixedColsWidthPx(), q->viewport()->width(), leftCol, store.colCount(),
+                            [this](int c) { return colWidthPx(c); });
 }
 
 int FlexGridPrivate::maxTopRow() const
 {
-    return maxFirstIndex(fixedRowsHeightPx(), q->viewport()->height(), fixedRows,
-                         store.rowCount(), [this](int r) { return rowHeightPx(r); });
+    return maxFirstIndex(fixedRowsHeightPx(), q->viewport()->height(), fixedRows, store.rowCount(),
+                         [this](int r) { return rowHeightPx(r); });
 }
 
 int FlexGridPrivate::maxLeftCol() const
 {
-    return maxFirstIndex(fixedColsWidthPx(), q->viewport()->width(), fixedCols,
-                         store.colCount(), [this](int c) { return colWidthPx(c); });
+    return maxFirstIndex(fixedColsWidthPx(), q->viewport()->width(), fixedCols, store.colCount(),
+                         [this](int c) { return colWidthPx(c); });
 }
 
-// ---- private: scrolling ----------------------------------------------------------------------------
+// ---- private: scrolling
+// ----------------------------------------------------------------------------
 
 bool FlexGridPrivate::scrollTo(int top, int left)
 {
@@ -262,7 +264,7 @@ namespace {
 
 /// The first index that shows `target` whole when the indices up to it are laid out backwards
 /// from the far edge of the viewport.
-template<typename Extent>
+template <typename Extent>
 int firstShowingWhole(int target, int fixed, int available, Extent extent)
 {
     int used = extent(target);
@@ -293,8 +295,8 @@ void FlexGridPrivate::ensureVisible(int r, int c)
         if (c < leftCol)
             left = c;
         else if (colLeftPx(c) + colWidthPx(c) > q->viewport()->width())
-            left = firstShowingWhole(c, fixedCols, available,
-                                     [this](int i) { return colWidthPx(i); });
+            left =
+                firstShowingWhole(c, fixedCols, available, [this](int i) { return colWidthPx(i); });
     }
     scrollTo(top, left);
 }
@@ -340,8 +342,7 @@ void FlexGridPrivate::updateScrollBars()
         horizontal ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
     if (q->horizontalScrollBarPolicy() != horizontalPolicy)
         q->setHorizontalScrollBarPolicy(horizontalPolicy);
-    configure(q->verticalScrollBar(), fixedRows, maxTopRow(), topRow,
-              lastVisibleRow() - topRow);
+    configure(q->verticalScrollBar(), fixedRows, maxTopRow(), topRow, lastVisibleRow() - topRow);
     configure(q->horizontalScrollBar(), fixedCols, maxLeftCol(), leftCol,
               lastVisibleCol() - leftCol);
 }
@@ -359,7 +360,8 @@ void FlexGridPrivate::requestRepaint()
         q->viewport()->update();
 }
 
-// ---- public §7 members -----------------------------------------------------------------------------
+// ---- public §7 members
+// -----------------------------------------------------------------------------
 
 int FlexGrid::ColWidth(int col) const
 {

@@ -256,8 +256,8 @@ constexpr int DragScrollIntervalMs = 50;
 
 bool isOutsideScrolledCells(const FlexGridPrivate& d, QPoint pos)
 {
-    return pos.y() >= d.q->viewport()->height() || pos.y() < d.fixedRowsHeightPx()
-           || pos.x() >= d.q->viewport()->width() || pos.x() < d.fixedColsWidthPx();
+    return pos.y() >= d.q->viewport()->height() || pos.y() < d.fixedRowsHeightPx() ||
+           pos.x() >= d.q->viewport()->width() || pos.x() < d.fixedColsWidthPx();
 }
 
 /// While a drag is outside the data area, each pointer move and each tick of the drag-scroll

@@ -145,10 +145,10 @@ std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, i
 
 /// Any setting over any number of key columns: keys are prepared per column, then rows are
 /// compared column by column, leftmost first.
-template<typename Key, typename MakeKey, typename CompareKeys>
+template <typename Key, typename MakeKey, typename CompareKeys>
 std::vector<std::uint32_t> keyedOrder(const FlexCellStore& store, int first, int count,
-                                      int firstKey, int lastKey, bool ascending,
-                                      MakeKey makeKey, CompareKeys compareKeys)
+                                      int firstKey, int lastKey, bool ascending, MakeKey makeKey,
+                                      CompareKeys compareKeys)
 {
     const auto keyCount = std::size_t(lastKey - firstKey + 1);
     std::vector<Key> keys(std::size_t(count) * keyCount);
@@ -193,11 +193,17 @@ void FlexGridPrivate::sort(int setting)
         return;
     const int count = last - first + 1;
     const bool ascending = isAscending(setting);
-    const auto identity = [](QStringView text) { return text; };
+    const auto identity = [](QStringView text) {
+        return text;
+    };
     // One locale for the whole sort: every key is read the same way.
     const vb::VbLocale locale = vb::userLocale();
-    const auto number = [locale](QStringView text) { return numberOrZero(text, locale); };
-    const auto generic = [locale](QStringView text) { return genericKey(text, locale); };
+    const auto number = [locale](QStringView text) {
+        return numberOrZero(text, locale);
+    };
+    const auto generic = [locale](QStringView text) {
+        return genericKey(text, locale);
+    };
 
     std::vector<std::uint32_t> order;
     switch (setting) {
@@ -205,24 +211,23 @@ void FlexGridPrivate::sort(int setting)
     case Flex::flexSortNumericDescending:
         order = firstKey == lastKey
                     ? numericOrder(store, first, count, firstKey, ascending, locale)
-                    : keyedOrder<double>(store, first, count, firstKey, lastKey, ascending,
-                                         number,
+                    : keyedOrder<double>(store, first, count, firstKey, lastKey, ascending, number,
                                          [](double a, double b) { return sign(a - b); });
         break;
     case Flex::flexSortGenericAscending:
     case Flex::flexSortGenericDescending:
-        order = keyedOrder<GenericKey>(store, first, count, firstKey, lastKey, ascending,
-                                       generic, compareGeneric);
+        order = keyedOrder<GenericKey>(store, first, count, firstKey, lastKey, ascending, generic,
+                                       compareGeneric);
         break;
     case Flex::flexSortStringNoCaseAscending:
     case Flex::flexSortStringNoCaseDescending:
-        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
-                                        identity, compareNoCase);
+        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending, identity,
+                                        compareNoCase);
         break;
     case Flex::flexSortStringAscending:
     case Flex::flexSortStringDescending:
-        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
-                                        identity, compareCase);
+        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending, identity,
+                                        compareCase);
         break;
     case Flex::flexSortCustom: {
         order.resize(std::size_t(count));
