@@ -4,6 +4,7 @@
 
 #include "common/VemoError.h"
 
+#include "FlexEventLog.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QFontMetrics>
@@ -16,6 +17,7 @@
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::Flex;
+using VemoTest::EventLog;
 
 using GridCall = std::function<void(FlexGrid&)>;
 Q_DECLARE_METATYPE(GridCall)
@@ -28,48 +30,6 @@ constexpr int TwipsPerPixel = 15;
 const QStringList CellMove = {QStringLiteral("LeaveCell"), QStringLiteral("SelChange"),
                               QStringLiteral("EnterCell"), QStringLiteral("RowColChange")};
 const QStringList SelChangeOnly = {QStringLiteral("SelChange")};
-
-// Records the cell, selection and scroll events of a grid in the order they fire.
-class EventLog
-{
-public:
-    explicit EventLog(FlexGrid& grid)
-    {
-        const auto record = [this](const char* name) {
-            return [this, name] {
-                names << QLatin1String(name);
-            };
-        };
-        m_connections = {
-            QObject::connect(&grid, &FlexGrid::LeaveCell, record("LeaveCell")),
-            QObject::connect(&grid, &FlexGrid::SelChange, record("SelChange")),
-            QObject::connect(&grid, &FlexGrid::EnterCell, record("EnterCell")),
-            QObject::connect(&grid, &FlexGrid::RowColChange, record("RowColChange")),
-            QObject::connect(&grid, &FlexGrid::Scroll, record("Scroll")),
-        };
-    }
-    ~EventLog()
-    {
-        for (const QMetaObject::Connection& connection : m_connections)
-            QObject::disconnect(connection);
-    }
-    EventLog(const EventLog&) = delete;
-    EventLog& operator=(const EventLog&) = delete;
-
-    /// The recorded names without Scroll.
-    QStringList cellEvents() const
-    {
-        QStringList events = names;
-        events.removeAll(QStringLiteral("Scroll"));
-        return events;
-    }
-    int count(const QString& name) const { return int(names.count(name)); }
-
-    QStringList names;
-
-private:
-    std::vector<QMetaObject::Connection> m_connections;
-};
 
 // The §3 texts (as the replica reproduces them).
 QString descriptionOf(int number)

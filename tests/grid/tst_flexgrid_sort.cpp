@@ -4,6 +4,7 @@
 
 #include "common/VemoError.h"
 
+#include "FlexEventLog.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QElapsedTimer>
@@ -15,6 +16,7 @@
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::Flex;
+using VemoTest::EventLog;
 
 namespace {
 
@@ -24,39 +26,6 @@ constexpr qint64 BigSortBoundMs = 5000;
 #else
 constexpr qint64 BigSortBoundMs = 1000;
 #endif
-
-// Records every cell, selection and scroll event of a grid.
-class EventLog
-{
-public:
-    explicit EventLog(FlexGrid& grid)
-    {
-        const auto record = [this](const char* name) {
-            return [this, name] {
-                names << QLatin1String(name);
-            };
-        };
-        m_connections = {
-            QObject::connect(&grid, &FlexGrid::LeaveCell, record("LeaveCell")),
-            QObject::connect(&grid, &FlexGrid::SelChange, record("SelChange")),
-            QObject::connect(&grid, &FlexGrid::EnterCell, record("EnterCell")),
-            QObject::connect(&grid, &FlexGrid::RowColChange, record("RowColChange")),
-            QObject::connect(&grid, &FlexGrid::Scroll, record("Scroll")),
-        };
-    }
-    ~EventLog()
-    {
-        for (const QMetaObject::Connection& connection : m_connections)
-            QObject::disconnect(connection);
-    }
-    EventLog(const EventLog&) = delete;
-    EventLog& operator=(const EventLog&) = delete;
-
-    QStringList names;
-
-private:
-    std::vector<QMetaObject::Connection> m_connections;
-};
 
 // One fixed row ("Key" / "Label") and one data row per key: column 1 holds the key, column 2
 // the row's original data index, so the order after sorting can be read as labels.
