@@ -134,7 +134,8 @@ int main(int argc, char** argv)
     std::printf("\n%zu days, 1900-01-31..2100-12-31, per day: clsDate %.1f ns, ICU %.1f ns\n",
                 days.size(), ours * 1e9 / double(days.size()), icu * 1e9 / double(days.size()));
     if (ours > 0.0 && icu > 0.0)
-        std::printf("clsDate vs ICU: %s (CPU time)\n", RatioReporter::comparison(ours, icu).c_str());
+        std::printf("clsDate vs ICU: %s (CPU time)\n",
+                    RatioReporter::comparison(ours, icu).c_str());
     std::printf("days where clsDate and ICU disagree (month, day or leap flag): %d\n",
                 countDisagreements(days));
     return 0;

@@ -46,15 +46,25 @@ int roundedQuotient(qint64 numerator, qint64 denominator)
 
 int twipsToPixels(int twips, const QPaintDevice* device, Axis axis)
 {
-    return roundedQuotient(qint64(twips) * logicalDpi(device, axis), TwipsPerInch);
+    return twipsToPixelsAtDpi(twips, logicalDpi(device, axis));
 }
 
 int pixelsToTwips(int pixels, const QPaintDevice* device, Axis axis)
 {
-    return roundedQuotient(qint64(pixels) * TwipsPerInch, logicalDpi(device, axis));
+    return pixelsToTwipsAtDpi(pixels, logicalDpi(device, axis));
 }
 
 } // namespace
+
+int twipsToPixelsAtDpi(int twips, int dpi)
+{
+    return roundedQuotient(qint64(twips) * dpi, TwipsPerInch);
+}
+
+int pixelsToTwipsAtDpi(int pixels, int dpi)
+{
+    return roundedQuotient(qint64(pixels) * TwipsPerInch, dpi);
+}
 
 int twipsToPixelsX(int twips, const QPaintDevice* device)
 {

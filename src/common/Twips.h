@@ -27,6 +27,12 @@ VEMOGRIDLIB_EXPORT int pixelsToTwipsX(int pixels, const QPaintDevice* device = n
 /// Vertical pixels → twips, as pixelsToTwipsX.
 VEMOGRIDLIB_EXPORT int pixelsToTwipsY(int pixels, const QPaintDevice* device = nullptr);
 
+/// Twips → pixels at a known dpi, rounded as twipsToPixelsX: for callers that convert often and
+/// keep their device's dpi (FlexGrid's row and column geometry).
+VEMOGRIDLIB_EXPORT int twipsToPixelsAtDpi(int twips, int dpi);
+/// Pixels → twips at a known dpi (> 0), rounded as pixelsToTwipsX.
+VEMOGRIDLIB_EXPORT int pixelsToTwipsAtDpi(int pixels, int dpi);
+
 /// VB's `TwipsPerPixelX`: 1440 / dpi, unrounded, for the fractional twips of mouse events
 /// (`MouseDown` X is a Single in twips, Part 1.3) and other real-valued conversions.
 VEMOGRIDLIB_EXPORT double twipsPerPixelX(const QPaintDevice* device = nullptr);

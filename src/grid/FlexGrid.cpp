@@ -6,6 +6,7 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -123,7 +124,7 @@ void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int new
     const bool selectionChanges = newRowSel != rowSel || newColSel != colSel || cellChanges;
     if (!cellChanges && !selectionChanges)
         return;
-    if (cellChanges)
+    if (cellChanges && cellSignalsWanted)
         Q_EMIT q->LeaveCell();
     row = newRow;
     col = newCol;
@@ -132,6 +133,8 @@ void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int new
     if (cellChanges)
         ++cellMoves;
     requestRepaint();
+    if (!cellSignalsWanted)
+        return;
     if (selectionChanges)
         Q_EMIT q->SelChange();
     if (cellChanges) {
@@ -150,7 +153,7 @@ void FlexGridPrivate::setSelection(int newRowSel, int newColSel, bool quiet)
     rowSel = newRowSel;
     colSel = newColSel;
     requestRepaint();
-    if (!quiet)
+    if (!quiet && cellSignalsWanted)
         Q_EMIT q->SelChange();
 }
 
@@ -234,6 +237,7 @@ FlexGrid::FlexGrid(QWidget* parent)
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     verticalScrollBar()->setTracking(d->scrollTrack);
     horizontalScrollBar()->setTracking(d->scrollTrack);
+    d->refreshMetrics();
     d->relayout();
 }
 
@@ -994,6 +998,7 @@ QFont FlexGrid::FontFixed() const
 void FlexGrid::setFontFixed(const QFont& font)
 {
     d->fontFixed = font;
+    d->refreshMetrics();
     d->relayout();
 }
 
@@ -1128,6 +1133,10 @@ void FlexGrid::setDataSource(QAbstractItemModel* model)
 
 bool FlexGrid::event(QEvent* event)
 {
+    if (event->type() == QEvent::Show || event->type() == QEvent::ScreenChangeInternal) {
+        d->refreshMetrics();
+        d->relayout();
+    }
     // Tab belongs to the grid's KeyDown (its hosts move between cells with it), not to the
     // focus chain.
     if (event->type() == QEvent::KeyPress) {
@@ -1210,6 +1219,16 @@ void FlexGrid::focusOutEvent(QFocusEvent* event)
     Q_EMIT LostFocus();
 }
 
+void FlexGrid::connectNotify(const QMetaMethod& signal)
+{
+    QAbstractScrollArea::connectNotify(signal);
+    if (signal == QMetaMethod::fromSignal(&FlexGrid::LeaveCell)
+        || signal == QMetaMethod::fromSignal(&FlexGrid::SelChange)
+        || signal == QMetaMethod::fromSignal(&FlexGrid::EnterCell)
+        || signal == QMetaMethod::fromSignal(&FlexGrid::RowColChange))
+        d->cellSignalsWanted = true;
+}
+
 void FlexGrid::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == d->dragScrollTimer.timerId())
@@ -1221,6 +1240,8 @@ void FlexGrid::timerEvent(QTimerEvent* event)
 void FlexGrid::changeEvent(QEvent* event)
 {
     QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        d->refreshMetrics();
     if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange)
         d->relayout();
 }

@@ -365,6 +365,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    void connectNotify(const QMetaMethod& signal) override;
 
 private:
     friend class FlexGridPrivate;

@@ -17,33 +17,40 @@ namespace VemoGridLib {
 // ---- private: pixels
 // -----------------------------------------------------------------------------
 
-int FlexGridPrivate::twipsToPxX(int twips) const
+void FlexGridPrivate::refreshMetrics()
 {
-    return twipsToPixelsX(twips, q);
-}
-
-int FlexGridPrivate::twipsToPxY(int twips) const
-{
-    return twipsToPixelsY(twips, q);
-}
-
-int FlexGridPrivate::pxToTwipsX(int px) const
-{
-    return pixelsToTwipsX(px, q);
-}
-
-int FlexGridPrivate::pxToTwipsY(int px) const
-{
-    return pixelsToTwipsY(px, q);
-}
-
-int FlexGridPrivate::defaultRowHeightPx() const
-{
+    dpiX = q->logicalDpiX() > 0 ? q->logicalDpiX() : 96;
+    dpiY = q->logicalDpiY() > 0 ? q->logicalDpiY() : 96;
     // A line of the taller of the two fonts plus room for the grid line and a margin, as the
     // original's 240 twips for 8-point MS Sans Serif.
     const int textHeight =
         std::max(QFontMetrics(q->font()).height(), QFontMetrics(fixedFont()).height());
-    return textHeight + 3;
+    defaultRowHeight = textHeight + 3;
+}
+
+int FlexGridPrivate::twipsToPxX(int twips) const
+{
+    return twipsToPixelsAtDpi(twips, dpiX);
+}
+
+int FlexGridPrivate::twipsToPxY(int twips) const
+{
+    return twipsToPixelsAtDpi(twips, dpiY);
+}
+
+int FlexGridPrivate::pxToTwipsX(int px) const
+{
+    return pixelsToTwipsAtDpi(px, dpiX);
+}
+
+int FlexGridPrivate::pxToTwipsY(int px) const
+{
+    return pixelsToTwipsAtDpi(px, dpiY);
+}
+
+int FlexGridPrivate::defaultRowHeightPx() const
+{
+    return defaultRowHeight;
 }
 
 int FlexGridPrivate::defaultColWidthPx() const

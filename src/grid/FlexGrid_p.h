@@ -43,6 +43,15 @@ public:
     int colSel = 1;
     int topRow = 1;
     int leftCol = 1;
+    /// True once any of LeaveCell, SelChange, EnterCell or RowColChange has had a receiver. The
+    /// colouring passes move the current cell once per cell with none connected, and even an
+    /// emission nobody receives costs more than the move itself.
+    bool cellSignalsWanted = false;
+    /// The widget's logical dpi and the default row height, which every row and column size goes
+    /// through; refreshMetrics() renews them when the font or the screen changes.
+    int dpiX = 96;
+    int dpiY = 96;
+    int defaultRowHeight = 0;
     /// True while updateScrollBars moves the bars, so their feedback is ignored.
     bool syncingScrollBars = false;
     /// Bumped every time the current cell changes, so the key handling can tell whether a
@@ -130,6 +139,8 @@ public:
     QRect fillTarget() const;
 
     // ---- geometry, pixels in viewport coordinates (FlexGridGeometry.cpp) -----------------
+    /// Renews dpiX, dpiY and defaultRowHeight from the widget.
+    void refreshMetrics();
     int defaultRowHeightPx() const;
     int defaultColWidthPx() const;
     /// Drawn height of a row, 0 when hidden; RowHeightMin applied to visible rows.

@@ -85,6 +85,7 @@ private slots:
         const QImage tall = deviceWithDpi(72, dpi);
         QCOMPARE(twipsToPixelsX(twips, &wide), pixels);
         QCOMPARE(twipsToPixelsY(twips, &tall), pixels);
+        QCOMPARE(twipsToPixelsAtDpi(twips, dpi), pixels);
     }
 
     void pixelsToTwips_data()
@@ -118,6 +119,7 @@ private slots:
         const QImage tall = deviceWithDpi(72, dpi);
         QCOMPARE(pixelsToTwipsX(pixels, &wide), twips);
         QCOMPARE(pixelsToTwipsY(pixels, &tall), twips);
+        QCOMPARE(pixelsToTwipsAtDpi(pixels, dpi), twips);
     }
 
     void roundTrips_data()
