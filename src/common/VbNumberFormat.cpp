@@ -372,7 +372,7 @@ void DecimalDigits::roundToSignificant(int keep)
         while (!digits.empty() && digits.back() == '9')
             digits.pop_back();
         if (digits.empty()) {
-            digits = "1";
+            digits.assign(1, '1');
             ++pointPos;
         } else {
             ++digits.back();

@@ -296,11 +296,14 @@ struct FlexCellStore::Private
 
     LookTransition& transitionSlot(std::uint32_t from, FormatField field, double value)
     {
-        const auto bits = std::bit_cast<std::uint64_t>(value);
-        const std::uint64_t mixed =
-            (bits ^ (bits >> 29) ^ (std::uint64_t(from) * 0x9E3779B97F4A7C15ull)) +
-            std::uint64_t(field) * 0x51ull;
-        return transitions[(mixed ^ (mixed >> 32)) & (transitions.size() - 1)];
+        // The splitmix64 finaliser: colours differing in a few high bits (a banding pass's two
+        // colours) must not share a slot, or they would evict each other on every cell.
+        std::uint64_t mixed = std::bit_cast<std::uint64_t>(value)
+                              ^ (std::uint64_t(from) << 8 | std::uint64_t(field));
+        mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9ull;
+        mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBull;
+        mixed ^= mixed >> 31;
+        return transitions[mixed & (transitions.size() - 1)];
     }
 
     std::uint32_t changedLook(std::uint32_t from, FormatField field, double value)
