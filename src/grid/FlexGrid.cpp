@@ -66,6 +66,13 @@ void checkSetting(int value, int low, int high)
         FlexGridPrivate::raise(Flex::flexerrInvalidPropertyValue);
 }
 
+/// 30005 unless the alignment is one of §2's 0–9.
+void checkAlignmentValue(int alignment)
+{
+    if (alignment < Flex::flexAlignLeftTop || alignment > Flex::flexAlignGeneral)
+        FlexGridPrivate::raise(Flex::flexerrBadAlignment);
+}
+
 bool isValidMousePointer(int pointer)
 {
     return (pointer >= Flex::flexDefault && pointer <= Flex::flexSizeAll) ||
@@ -106,11 +113,8 @@ void FlexGridPrivate::checkCurrentCell() const
     checkCol(col);
 }
 
-void FlexGridPrivate::applySelectionMode(int& newRow, int& newCol, int& newRowSel,
-                                         int& newColSel) const
+void FlexGridPrivate::applySelectionMode(int& newRowSel, int& newColSel) const
 {
-    Q_UNUSED(newRow);
-    Q_UNUSED(newCol);
     if (selectionMode == Flex::flexSelectionByRow)
         newColSel = std::max(0, store.colCount() - 1);
     else if (selectionMode == Flex::flexSelectionByColumn)
@@ -119,7 +123,7 @@ void FlexGridPrivate::applySelectionMode(int& newRow, int& newCol, int& newRowSe
 
 void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int newColSel)
 {
-    applySelectionMode(newRow, newCol, newRowSel, newColSel);
+    applySelectionMode(newRowSel, newColSel);
     const bool cellChanges = newRow != row || newCol != col;
     const bool selectionChanges = newRowSel != rowSel || newColSel != colSel || cellChanges;
     if (!cellChanges && !selectionChanges)
@@ -145,9 +149,7 @@ void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int new
 
 void FlexGridPrivate::setSelection(int newRowSel, int newColSel, bool quiet)
 {
-    int newRow = row;
-    int newCol = col;
-    applySelectionMode(newRow, newCol, newRowSel, newColSel);
+    applySelectionMode(newRowSel, newColSel);
     if (newRowSel == rowSel && newColSel == colSel)
         return;
     rowSel = newRowSel;
@@ -546,8 +548,7 @@ int FlexGrid::CellAlignment() const
 
 void FlexGrid::setCellAlignment(int alignment)
 {
-    if (alignment < Flex::flexAlignLeftTop || alignment > Flex::flexAlignGeneral)
-        FlexGridPrivate::raise(Flex::flexerrBadAlignment);
+    checkAlignmentValue(alignment);
     setTargetLook(*d, FlexCellStore::FormatField::Alignment, alignment);
 }
 
@@ -664,10 +665,18 @@ void checkAlignmentColumn(const FlexGridPrivate& d, int col)
         FlexGridPrivate::raise(Flex::flexerrBadColForAlignment);
 }
 
-void checkAlignmentValue(int alignment)
+/// Sets a column alignment of `col`, or of every column for −1 (§10), after the checks.
+void setColumnAlignment(FlexGridPrivate& d, int col, int alignment,
+                        void (FlexCellStore::*set)(int, int))
 {
-    if (alignment < Flex::flexAlignLeftTop || alignment > Flex::flexAlignGeneral)
-        FlexGridPrivate::raise(Flex::flexerrBadAlignment);
+    if (col != -1)
+        checkAlignmentColumn(d, col);
+    checkAlignmentValue(alignment);
+    const int first = col == -1 ? 0 : col;
+    const int last = col == -1 ? d.store.colCount() - 1 : col;
+    for (int c = first; c <= last; ++c)
+        (d.store.*set)(c, alignment);
+    d.requestRepaint();
 }
 
 } // namespace
@@ -680,14 +689,7 @@ int FlexGrid::ColAlignment(int col) const
 
 void FlexGrid::setColAlignment(int col, int alignment)
 {
-    if (col != -1)
-        checkAlignmentColumn(*d, col);
-    checkAlignmentValue(alignment);
-    const int first = col == -1 ? 0 : col;
-    const int last = col == -1 ? Cols() - 1 : col;
-    for (int c = first; c <= last; ++c)
-        d->store.setColAlignment(c, alignment);
-    d->requestRepaint();
+    setColumnAlignment(*d, col, alignment, &FlexCellStore::setColAlignment);
 }
 
 int FlexGrid::ColAlignmentFixed(int col) const
@@ -699,14 +701,7 @@ int FlexGrid::ColAlignmentFixed(int col) const
 
 void FlexGrid::setColAlignmentFixed(int col, int alignment)
 {
-    if (col != -1)
-        checkAlignmentColumn(*d, col);
-    checkAlignmentValue(alignment);
-    const int first = col == -1 ? 0 : col;
-    const int last = col == -1 ? Cols() - 1 : col;
-    for (int c = first; c <= last; ++c)
-        d->store.setColAlignmentFixed(c, alignment);
-    d->requestRepaint();
+    setColumnAlignment(*d, col, alignment, &FlexCellStore::setColAlignmentFixed);
 }
 
 int FlexGrid::MergeCells() const
@@ -1222,10 +1217,10 @@ void FlexGrid::focusOutEvent(QFocusEvent* event)
 void FlexGrid::connectNotify(const QMetaMethod& signal)
 {
     QAbstractScrollArea::connectNotify(signal);
-    if (signal == QMetaMethod::fromSignal(&FlexGrid::LeaveCell)
-        || signal == QMetaMethod::fromSignal(&FlexGrid::SelChange)
-        || signal == QMetaMethod::fromSignal(&FlexGrid::EnterCell)
-        || signal == QMetaMethod::fromSignal(&FlexGrid::RowColChange))
+    if (signal == QMetaMethod::fromSignal(&FlexGrid::LeaveCell) ||
+        signal == QMetaMethod::fromSignal(&FlexGrid::SelChange) ||
+        signal == QMetaMethod::fromSignal(&FlexGrid::EnterCell) ||
+        signal == QMetaMethod::fromSignal(&FlexGrid::RowColChange))
         d->cellSignalsWanted = true;
 }
 

@@ -128,7 +128,7 @@ public:
     /// Moves only the selection corners; SelChange when they changed (unless `quiet`).
     void setSelection(int newRowSel, int newColSel, bool quiet = false);
     /// The corners after SelectionMode widened them to whole rows or columns.
-    void applySelectionMode(int& newRow, int& newCol, int& newRowSel, int& newColSel) const;
+    void applySelectionMode(int& newRowSel, int& newColSel) const;
     /// After Rows/Cols/RemoveItem: brings the current cell and selection back into the grid.
     void clampCurrentCell();
     /// True when (r, c) lies in the selection rectangle.
