@@ -298,8 +298,8 @@ struct FlexCellStore::Private
     {
         // The splitmix64 finaliser: colours differing in a few high bits (a banding pass's two
         // colours) must not share a slot, or they would evict each other on every cell.
-        std::uint64_t mixed = std::bit_cast<std::uint64_t>(value)
-                              ^ (std::uint64_t(from) << 8 | std::uint64_t(field));
+        std::uint64_t mixed =
+            std::bit_cast<std::uint64_t>(value) ^ (std::uint64_t(from) << 8 | std::uint64_t(field));
         mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9ull;
         mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBull;
         mixed ^= mixed >> 31;
@@ -410,20 +410,11 @@ FlexCellStore::FlexCellStore()
 
 FlexCellStore::~FlexCellStore() = default;
 
-int FlexCellStore::rowCount() const
-{
-    return int(d->order.size());
-}
-
-int FlexCellStore::colCount() const
-{
-    return int(d->columns.size());
-}
-
 void FlexCellStore::setRowCount(int rows)
 {
     Q_ASSERT(rows >= 0);
     const auto wanted = std::size_t(rows);
+    m_rows = rows;
     if (wanted > d->order.size()) {
         d->appendRows(std::uint32_t(wanted - d->order.size()));
         return;
@@ -439,6 +430,7 @@ void FlexCellStore::setRowCount(int rows)
 void FlexCellStore::setColCount(int cols)
 {
     Q_ASSERT(cols >= 0);
+    m_cols = cols;
     const auto wanted = std::size_t(cols);
     while (d->columns.size() > wanted) {
         for (const CellRef ref : d->columns.back().texts)
@@ -589,6 +581,7 @@ void FlexCellStore::insertRow(int row)
     Q_ASSERT(row >= 0 && row <= rowCount());
     const std::uint32_t s = d->allocateRow();
     d->order.insert(d->order.begin() + row, s);
+    ++m_rows;
 }
 
 void FlexCellStore::removeRow(int row)
@@ -596,6 +589,7 @@ void FlexCellStore::removeRow(int row)
     Q_ASSERT(row >= 0 && row < rowCount());
     const std::uint32_t s = d->storageRow(row);
     d->order.erase(d->order.begin() + row);
+    --m_rows;
     d->freeRow(s);
     d->compactRowsIfWorthIt();
     d->collectGarbageIfWorthIt();

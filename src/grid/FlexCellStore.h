@@ -44,9 +44,9 @@ public:
     FlexCellStore(const FlexCellStore&) = delete;
     FlexCellStore& operator=(const FlexCellStore&) = delete;
 
-    /// Number of rows / columns.
-    int rowCount() const;
-    int colCount() const;
+    /// Number of rows / columns. Inline: every checked access of FlexGrid reads them.
+    int rowCount() const { return m_rows; }
+    int colCount() const { return m_cols; }
     /// Grows with empty default rows or drops rows from the end (§4 `Rows`).
     void setRowCount(int rows);
     /// Grows with empty default columns or drops columns from the end (§4 `Cols`).
@@ -115,6 +115,8 @@ public:
 private:
     struct Private;
     std::unique_ptr<Private> d;
+    int m_rows = 0;
+    int m_cols = 0;
 };
 
 } // namespace VemoGridLib
