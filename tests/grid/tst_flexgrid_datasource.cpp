@@ -1,11 +1,12 @@
 // FlexGrid `DataSource` (flexgrid-reference.md §11): the cells mirror a model and follow it.
 #include "grid/FlexGrid.h"
 
+#include "FlexEventLog.h"
+
 #include <QAbstractTableModel>
 #include <QApplication>
 #include <QFont>
 #include <QPointer>
-#include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QStringListModel>
 #include <QTest>
@@ -13,6 +14,7 @@
 #include <memory>
 
 using namespace VemoGridLib;
+using VemoTest::EventLog;
 
 namespace {
 
@@ -49,24 +51,6 @@ QStringList columnTexts(const FlexGrid& grid, int col)
         texts << grid.TextMatrix(row, col);
     return texts;
 }
-
-/// The cell-change events a binding may fire only when Rows / Cols clamp the current cell.
-struct CellEventSpies
-{
-    explicit CellEventSpies(FlexGrid& grid)
-        : leave(&grid, &FlexGrid::LeaveCell)
-        , enter(&grid, &FlexGrid::EnterCell)
-        , rowCol(&grid, &FlexGrid::RowColChange)
-        , sel(&grid, &FlexGrid::SelChange)
-    {}
-
-    int total() const { return leave.count() + enter.count() + rowCol.count() + sel.count(); }
-
-    QSignalSpy leave;
-    QSignalSpy enter;
-    QSignalSpy rowCol;
-    QSignalSpy sel;
-};
 
 /// A computed table: cell (i, j) reads "r<i>c<j>"; no storage, so its size costs nothing.
 class ComputedModel : public QAbstractTableModel
@@ -233,13 +217,13 @@ void tst_FlexGridDataSource::bindingFiresNoCellEvents()
     QStandardItemModel model;
     fillFruits(model);
     FlexGrid grid;
-    CellEventSpies spies(grid);
+    EventLog log(grid);
 
     grid.setDataSource(&model);
     model.item(0, 1)->setText(QStringLiteral("4"));
     model.appendRow(itemRow(QStringLiteral("fig"), QStringLiteral("9")));
 
-    QCOMPARE(spies.total(), 0);
+    QCOMPARE(log.cellEvents(), QStringList());
     QCOMPARE(grid.Row(), 1);
     QCOMPARE(grid.Col(), 1);
 }
@@ -368,13 +352,13 @@ void tst_FlexGridDataSource::removalClampsCurrentCellWithEvents()
     FlexGrid grid;
     grid.setDataSource(&model);
     grid.setRow(3);
-    CellEventSpies spies(grid);
+    EventLog log(grid);
 
     model.removeRow(2);
 
     QCOMPARE(grid.Row(), 2);
-    QCOMPARE(spies.rowCol.count(), 1);
-    QCOMPARE(spies.enter.count(), 1);
+    QCOMPARE(log.count(QStringLiteral("RowColChange")), 1);
+    QCOMPARE(log.count(QStringLiteral("EnterCell")), 1);
 }
 
 void tst_FlexGridDataSource::setDataRefreshesOnlyThatCell()
