@@ -1,0 +1,786 @@
+// Part 1.1: VemoGrid's model over its hosted grid, the Column array, the colouring and
+// check-box passes, the layout, the event relays; Part 1.2's grid side (Column, ColType).
+#include "grid/VemoGrid_p.h"
+
+#include "grid/FlexGrid_p.h"
+#include "grid/VemoGridPictures_p.h"
+
+#include "common/Twips.h"
+#include "common/VbStrings.h"
+#include "common/VemoError.h"
+
+#include <QEvent>
+#include <QScopeGuard>
+
+#include <algorithm>
+
+namespace VemoGridLib {
+
+namespace {
+
+constexpr int LayoutMarginTwips = 60;
+constexpr int HourglassPointer = 11;
+constexpr int CheckBoxColumnWidth = 500;
+constexpr int CalendarColumnWidth = 1250;
+constexpr int CheckBoxPictureAlignment = Flex::flexAlignCenterCenter;
+constexpr int MarkerPictureAlignment = Flex::flexAlignLeftCenter;
+const QString UncheckedMarker = QStringLiteral("`");
+
+/// Runs a bulk pass the way Part 1.1 does: hourglass pointer, Redraw off, events suppressed;
+/// afterwards Redraw as it was, the pointer cleared and the suppression flag cleared (cleared,
+/// not restored: `SortOnCol`'s flag ends with the next bulk pass, as Part 1.6 keeps it).
+class BulkPass
+{
+public:
+    explicit BulkPass(VemoGridPrivate& grid)
+        : m_grid(grid)
+        , m_redraw(grid.flex->Redraw())
+    {
+        m_grid.flex->setMousePointer(HourglassPointer);
+        m_grid.suppressEvents = true;
+        m_grid.flex->setRedraw(false);
+    }
+    ~BulkPass()
+    {
+        m_grid.flex->setRedraw(m_redraw);
+        m_grid.flex->setMousePointer(Flex::flexDefault);
+        m_grid.suppressEvents = false;
+    }
+    BulkPass(const BulkPass&) = delete;
+    BulkPass& operator=(const BulkPass&) = delete;
+
+private:
+    VemoGridPrivate& m_grid;
+    const bool m_redraw;
+};
+
+/// Part 1.1 check-box pass: the checked picture unless the trimmed text is empty, "False" or
+/// the program's own unchecked marker.
+bool showsChecked(const QString& text)
+{
+    const QString trimmed = vb::Trim(text);
+    return !trimmed.isEmpty() && trimmed != QLatin1String("False") && trimmed != UncheckedMarker;
+}
+
+} // namespace
+
+VemoGridPrivate::VemoGridPrivate(VemoGrid* grid)
+    : q(grid)
+    , flex(new FlexGrid(grid))
+    , imgChecked(GridPictures::checked())
+    , imgUnchecked(GridPictures::unchecked())
+    , imgUP(GridPictures::up())
+    , imgDown(GridPictures::down())
+    , imgMarker(GridPictures::rowMarker())
+{
+    flex->setObjectName(QStringLiteral("MSHFlexGrid1"));
+}
+
+VemoGridLib::Column* VemoGridPrivate::column(int col) const
+{
+    if (col < 0 || std::size_t(col) >= columns.size())
+        throw VemoError::subscriptOutOfRange();
+    return columns[std::size_t(col)];
+}
+
+VemoGridColType VemoGridPrivate::typeOf(int col) const
+{
+    if (col < 0 || std::size_t(col) >= columns.size())
+        return eTextBox;
+    return columns[std::size_t(col)]->colType();
+}
+
+void VemoGridPrivate::resizeColumns(int cols)
+{
+    const std::size_t size = std::size_t(std::max(cols, 0));
+    for (std::size_t c = size; c < columns.size(); ++c)
+        delete columns[c];
+    const std::size_t kept = std::min(size, columns.size());
+    columns.resize(size);
+    for (std::size_t c = kept; c < size; ++c)
+        columns[c] = new VemoGridLib::Column(q);
+}
+
+OleColor VemoGridPrivate::bandColour(int row, int col) const
+{
+    const bool odd = (row - flex->FixedRows()) % 2 != 0;
+    const OleColor band = odd ? backColor2 : backColor1;
+    if (!userMode || col < 0 || std::size_t(col) >= columns.size())
+        return band;
+    const VemoGridLib::Column* c = columns[std::size_t(col)];
+    return c->Locked() || c->AutoAdd() ? readOnlyColor : band;
+}
+
+void VemoGridPrivate::colourRows(int startRow)
+{
+    const BulkPass pass(*this);
+    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
+    const int rows = flex->Rows();
+    const int first = std::max(startRow, flex->FixedRows());
+    for (int c = flex->FixedCols(); c < flex->Cols(); ++c) {
+        const bool numbered =
+            userMode && std::size_t(c) < columns.size() && columns[std::size_t(c)]->AutoAdd();
+        // A check box's marker text stays hidden in its cell's new colour (Part 1.1 draws it
+        // in the background colour); the pass would otherwise uncover it.
+        const bool checkBox = userMode && typeOf(c) == eCheckBox;
+        for (int r = first; r < rows; ++r) {
+            const OleColor colour = bandColour(r, c);
+            store.setFormatValue(r, c, FlexCellStore::FormatField::BackColor, colour);
+            if (checkBox)
+                store.setFormatValue(r, c, FlexCellStore::FormatField::ForeColor, colour);
+            if (numbered && store.textView(r, c).isEmpty())
+                flex->setTextMatrix(r, c, QString::number(r));
+        }
+    }
+    coloredRows = rows;
+}
+
+void VemoGridPrivate::drawCheckBox(int row, int col)
+{
+    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
+    FlexCellFormat look = store.format(row, col);
+    look.foreColor = look.backColor;
+    look.picture = showsChecked(store.text(row, col)) ? imgChecked : imgUnchecked;
+    look.pictureAlignment = CheckBoxPictureAlignment;
+    store.setFormat(row, col, look);
+}
+
+void VemoGridPrivate::drawCheckBoxes(int col, int row)
+{
+    if (!userMode)
+        return;
+    const BulkPass pass(*this);
+    const int firstCol = col < 0 ? flex->FixedCols() : col;
+    const int lastCol = col < 0 ? flex->Cols() - 1 : std::min(col, flex->Cols() - 1);
+    const int firstRow = row < 1 ? flex->FixedRows() : row;
+    const int lastRow = row < 1 ? flex->Rows() - 1 : std::min(row, flex->Rows() - 1);
+    for (int c = firstCol; c <= lastCol; ++c) {
+        if (typeOf(c) != eCheckBox)
+            continue;
+        for (int r = firstRow; r <= lastRow; ++r)
+            drawCheckBox(r, c);
+    }
+}
+
+void VemoGridPrivate::layoutHostedGrid()
+{
+    const int widthTwips = pixelsToTwipsX(q->width(), q);
+    const int heightTwips = pixelsToTwipsY(q->height(), q);
+    QRect geometry = flex->geometry();
+    geometry.moveTopLeft(QPoint(0, 0));
+    if (widthTwips >= LayoutMarginTwips)
+        geometry.setWidth(twipsToPixelsX(widthTwips - LayoutMarginTwips, q));
+    if (heightTwips >= LayoutMarginTwips)
+        geometry.setHeight(twipsToPixelsY(heightTwips - LayoutMarginTwips, q));
+    flex->setGeometry(geometry);
+}
+
+void VemoGridPrivate::applyFrame()
+{
+    if (borderStyle == BorderNone)
+        flex->setFrameStyle(QFrame::NoFrame);
+    else if (appearance == flat)
+        flex->setFrameStyle(QFrame::Box | QFrame::Plain);
+    else
+        flex->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+}
+
+void VemoGridPrivate::moveMarker(int row)
+{
+    if (markedRow >= flex->FixedRows())
+        setPicture(markedRow, 0, QPixmap());
+    const bool dataRow = row >= flex->FixedRows() && row < flex->Rows();
+    if (dataRow)
+        setPicture(row, 0, imgMarker, MarkerPictureAlignment);
+    markedRow = dataRow ? row : 0;
+}
+
+void VemoGridPrivate::leaveCell()
+{
+    if (!suppressEvents)
+        Q_EMIT q->LeaveCell();
+    if (editEnable) {
+        commitEdit();
+        autoCalculate();
+    }
+}
+
+void VemoGridPrivate::commitEdit()
+{
+    // The cell editors (Part 1.3) are not part of the grid yet: no editor is ever open, and
+    // with none open the commit has nothing to do.
+}
+
+void VemoGridPrivate::redisplayCurrentCell()
+{
+    // Part 1.3 shows the current cell's editor here; until the editors exist the hosted grid
+    // keeps showing (and focusing) the cell itself.
+}
+
+void VemoGridPrivate::moveHostedCell(int row, int col)
+{
+    suppressEvents = true;
+    const auto clear = qScopeGuard([this] { suppressEvents = false; });
+    flex->setRow(row);
+    flex->setCol(col);
+}
+
+void VemoGridPrivate::onHostedClick()
+{
+    Q_EMIT q->Click();
+    lastMouseCol = flex->MouseCol();
+    lastMouseRow = flex->MouseRow();
+    const bool inFixedRows = lastMouseRow < flex->FixedRows();
+    const bool inFixedCols = lastMouseCol < flex->FixedCols();
+    if (inFixedRows) {
+        if (!inFixedCols && sortable && std::size_t(lastMouseCol) < columns.size() &&
+            columns[std::size_t(lastMouseCol)]->SortType() != VemoSortNone)
+            sort(lastMouseCol, SortNone);
+        return;
+    }
+    if (inFixedCols)
+        return;
+    moveMarker(flex->Row());
+    redisplayCurrentCell();
+}
+
+void VemoGridPrivate::onHostedLeaveCell()
+{
+    if (leaveAlreadyDone) {
+        leaveAlreadyDone = false;
+        return;
+    }
+    // A failing computation (division by zero) cannot go back through the hosted grid's
+    // event; the cell is simply left as it is.
+    try {
+        leaveCell();
+    } catch (const VemoError&) {
+    }
+}
+
+void VemoGridPrivate::onHostedEnterCell()
+{
+    lastMouseCol = flex->MouseCol();
+    lastMouseRow = flex->MouseRow();
+    if (suppressEvents)
+        return;
+    int rowSel = flex->RowSel();
+    int colSel = flex->ColSel();
+    QString value;
+    Q_EMIT q->EnterCell(rowSel, colSel, value);
+}
+
+void VemoGridPrivate::connectHostedGrid()
+{
+    QObject::connect(flex, &FlexGrid::Click, q, [this] {
+        try {
+            onHostedClick();
+        } catch (const VemoError&) {
+        }
+    });
+    QObject::connect(flex, &FlexGrid::DblClick, q, &VemoGrid::DblClick);
+    QObject::connect(flex, &FlexGrid::LeaveCell, q, [this] { onHostedLeaveCell(); });
+    QObject::connect(flex, &FlexGrid::EnterCell, q, [this] { onHostedEnterCell(); });
+    QObject::connect(flex, &FlexGrid::RowColChange, q, &VemoGrid::RowColChange);
+    QObject::connect(flex, &FlexGrid::SelChange, q, &VemoGrid::SelChange);
+    QObject::connect(flex, &FlexGrid::Scroll, q, [this] {
+        Q_EMIT q->Scroll();
+        if (!editorShowing)
+            commitEdit();
+    });
+    QObject::connect(flex, &FlexGrid::KeyDown, q, &VemoGrid::KeyDown);
+    QObject::connect(flex, &FlexGrid::KeyPress, q, &VemoGrid::KeyPress);
+    QObject::connect(flex, &FlexGrid::KeyUp, q, &VemoGrid::KeyUp);
+    using MouseSignal = void (VemoGrid::*)(short&, short&, float&, float&);
+    const auto relayMouse = [this](MouseSignal signal) {
+        return [this, signal](short button, short shift, float x, float y) {
+            Q_EMIT(q->*signal)(button, shift, x, y);
+        };
+    };
+    QObject::connect(flex, &FlexGrid::MouseDown, q, relayMouse(&VemoGrid::MouseDown));
+    QObject::connect(flex, &FlexGrid::MouseMove, q, relayMouse(&VemoGrid::MouseMove));
+    QObject::connect(flex, &FlexGrid::MouseUp, q, relayMouse(&VemoGrid::MouseUp));
+}
+
+// ---- creation and teardown -------------------------------------------------------------------
+
+VemoGrid::VemoGrid(QWidget* parent)
+    : QWidget(parent)
+    , d(std::make_unique<VemoGridPrivate>(this))
+{
+    d->applyFrame();
+    d->layoutHostedGrid();
+    d->flex->setRows(2);
+    d->flex->setCols(2);
+    d->flex->setFixedCols(1);
+    d->flex->setFixedRows(1);
+    d->connectHostedGrid();
+    setFocusProxy(d->flex);
+    InitProperties();
+}
+
+VemoGrid::~VemoGrid()
+{
+    QObject::disconnect(d->flex, nullptr, this, nullptr);
+    for (VemoGridLib::Column* column : d->columns)
+        delete column;
+    d->columns.clear();
+}
+
+FlexGrid* VemoGrid::hostedGrid() const
+{
+    return d->flex;
+}
+
+bool VemoGrid::UserMode() const
+{
+    return d->userMode;
+}
+
+void VemoGrid::setUserMode(bool userMode)
+{
+    d->userMode = userMode;
+}
+
+void VemoGrid::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    d->layoutHostedGrid();
+}
+
+void VemoGrid::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        d->changed(QStringLiteral("Enabled"));
+    else if (event->type() == QEvent::FontChange)
+        d->changed(QStringLiteral("Font"));
+}
+
+// ---- structure ----------------------------------------------------------------------------------
+
+int VemoGrid::Rows() const
+{
+    return d->flex->Rows();
+}
+
+void VemoGrid::setRows(int rows)
+{
+    d->flex->setRows(rows);
+    if (d->flex->FixedCols() < 1)
+        d->flex->setFixedCols(1);
+    if (d->flex->FixedRows() < 1)
+        d->flex->setFixedRows(1);
+    d->colourRows(-1);
+    d->drawCheckBoxes(-1, -1);
+    d->changed(QStringLiteral("Rows"));
+}
+
+int VemoGrid::Cols() const
+{
+    return d->flex->Cols();
+}
+
+void VemoGrid::setCols(int cols)
+{
+    // The hosted grid refuses a bad count before the Column array is touched.
+    d->flex->setCols(cols);
+    if (d->userMode)
+        d->resizeColumns(cols);
+    d->changed(QStringLiteral("Cols"));
+}
+
+int VemoGrid::FixedRows() const
+{
+    return d->flex->FixedRows();
+}
+
+void VemoGrid::setFixedRows(int rows)
+{
+    d->flex->setFixedRows(rows);
+    d->changed(QStringLiteral("FixedRows"));
+}
+
+int VemoGrid::FixedCols() const
+{
+    return d->flex->FixedCols();
+}
+
+void VemoGrid::setFixedCols(int cols)
+{
+    d->flex->setFixedCols(cols);
+    d->changed(QStringLiteral("FixedCols"));
+}
+
+int VemoGrid::Row() const
+{
+    return d->flex->Row();
+}
+
+void VemoGrid::setRow(int row)
+{
+    d->leaveCell();
+    // The hosted grid's own LeaveCell for this move is the step just run, not a second one.
+    d->leaveAlreadyDone = true;
+    const auto reset = qScopeGuard([this] { d->leaveAlreadyDone = false; });
+    d->flex->setRow(row);
+}
+
+int VemoGrid::Col() const
+{
+    return d->flex->Col();
+}
+
+void VemoGrid::setCol(int col)
+{
+    d->leaveCell();
+    d->leaveAlreadyDone = true;
+    const auto reset = qScopeGuard([this] { d->leaveAlreadyDone = false; });
+    d->flex->setCol(col);
+}
+
+int VemoGrid::Rowsel() const
+{
+    return d->flex->RowSel();
+}
+
+void VemoGrid::setRowsel(int row)
+{
+    d->flex->setRowSel(row);
+    d->changed(QStringLiteral("Rowsel"));
+}
+
+int VemoGrid::Colsel() const
+{
+    return d->flex->ColSel();
+}
+
+void VemoGrid::setColsel(int col)
+{
+    d->flex->setColSel(col);
+    d->changed(QStringLiteral("Colsel"));
+}
+
+int VemoGrid::TopRow() const
+{
+    return d->flex->TopRow();
+}
+
+void VemoGrid::setTopRow(int row)
+{
+    d->flex->setTopRow(row);
+    d->changed(QStringLiteral("TopRow"));
+}
+
+int VemoGrid::LeftCol() const
+{
+    return d->flex->LeftCol();
+}
+
+void VemoGrid::setLeftCol(int col)
+{
+    d->flex->setLeftCol(col);
+    d->changed(QStringLiteral("LeftCol"));
+}
+
+QString VemoGrid::FormatString() const
+{
+    return d->flex->FormatString();
+}
+
+void VemoGrid::setFormatString(const QString& format)
+{
+    d->flex->setFormatString(format);
+    d->changed(QStringLiteral("FormatString"));
+    setCols(d->flex->Cols());
+}
+
+// ---- Part 1.2, grid side ---------------------------------------------------------------------
+
+VemoGridLib::Column* VemoGrid::Column(int Col) const
+{
+    return d->column(Col);
+}
+
+VemoGridColType VemoGrid::ColType(int Col) const
+{
+    return d->column(Col)->colType();
+}
+
+void VemoGrid::setColType(int Col, VemoGridColType type)
+{
+    d->column(Col)->setColType(type);
+    switch (type) {
+    case eTextBox:
+    case eCalendar:
+        d->flex->setColAlignment(Col, Flex::flexAlignLeftCenter);
+        if (type == eCalendar)
+            d->flex->setColWidth(Col, CalendarColumnWidth);
+        break;
+    case eCheckBox:
+        d->drawCheckBoxes(Col, -1);
+        d->flex->setColAlignment(Col, Flex::flexAlignLeftTop);
+        d->flex->setColWidth(Col, CheckBoxColumnWidth);
+        break;
+    case eCurrency:
+    case eNumeric:
+    case eLong:
+        d->flex->setColAlignment(Col, Flex::flexAlignRightCenter);
+        break;
+    case eComboBox:
+    case ehyperlink:
+    case eButton:
+        break;
+    }
+}
+
+int VemoGrid::COLWIDTH(int Col) const
+{
+    const int width = d->flex->ColWidth(Col);
+    return width < 0 ? 1000 : width;
+}
+
+void VemoGrid::setCOLWIDTH(int Col, int twips)
+{
+    d->flex->setColWidth(Col, twips);
+    d->changed(QStringLiteral("COLWIDTH"));
+}
+
+// ---- fields
+// --------------------------------------------------------------------------------------
+
+bool VemoGrid::EditEnable() const
+{
+    return d->editEnable;
+}
+
+void VemoGrid::setEditEnable(bool enable)
+{
+    d->editEnable = enable;
+    d->changed(QStringLiteral("EditEnable"));
+}
+
+bool VemoGrid::NullLine() const
+{
+    return d->nullLine;
+}
+
+void VemoGrid::setNullLine(bool allow)
+{
+    d->nullLine = allow;
+    d->changed(QStringLiteral("NullLine"));
+}
+
+bool VemoGrid::AutoGrow() const
+{
+    return d->autoGrow;
+}
+
+void VemoGrid::setAutoGrow(bool grow)
+{
+    d->autoGrow = grow;
+    d->changed(QStringLiteral("AutoGrow"));
+}
+
+bool VemoGrid::LunarCalendar() const
+{
+    return d->lunarCalendar;
+}
+
+void VemoGrid::setLunarCalendar(bool lunar)
+{
+    d->lunarCalendar = lunar;
+    d->changed(QStringLiteral("LunarCalendar"));
+}
+
+VemoGridScrollType VemoGrid::ScrollType() const
+{
+    return d->scrollType;
+}
+
+void VemoGrid::setScrollType(VemoGridScrollType type)
+{
+    d->scrollType = type;
+    d->changed(QStringLiteral("ScrollType"));
+}
+
+short VemoGrid::ScrollNum() const
+{
+    return d->scrollNum;
+}
+
+void VemoGrid::setScrollNum(short rows)
+{
+    d->scrollNum = rows;
+    d->changed(QStringLiteral("ScrollNum"));
+}
+
+int VemoGrid::CellAppearance() const
+{
+    return d->cellAppearance;
+}
+
+void VemoGrid::setCellAppearance(int appearance)
+{
+    d->cellAppearance = appearance;
+    d->changed(QStringLiteral("CellAppearance"));
+}
+
+int VemoGrid::CellBorderStyle() const
+{
+    return d->cellBorderStyle;
+}
+
+void VemoGrid::setCellBorderStyle(int style)
+{
+    d->cellBorderStyle = style;
+    d->changed(QStringLiteral("CellBorderStyle"));
+}
+
+OleColor VemoGrid::BackColor1() const
+{
+    return d->backColor1;
+}
+
+void VemoGrid::setBackColor1(OleColor color)
+{
+    d->backColor1 = color;
+    d->colourRows(-1);
+    d->drawCheckBoxes(-1, -1);
+    d->changed(QStringLiteral("BackColor1"));
+}
+
+OleColor VemoGrid::BackColor2() const
+{
+    return d->backColor2;
+}
+
+void VemoGrid::setBackColor2(OleColor color)
+{
+    d->backColor2 = color;
+    d->colourRows(-1);
+    d->drawCheckBoxes(-1, -1);
+    d->changed(QStringLiteral("BackColor2"));
+}
+
+OleColor VemoGrid::ReadOnlyColor() const
+{
+    return d->readOnlyColor;
+}
+
+void VemoGrid::setReadOnlyColor(OleColor color)
+{
+    d->readOnlyColor = color;
+    d->colourRows(-1);
+    d->drawCheckBoxes(-1, -1);
+    d->changed(QStringLiteral("ReadOnlyColor"));
+}
+
+bool VemoGrid::AssignCellColorSel() const
+{
+    return d->assignCellColorSel;
+}
+
+void VemoGrid::setAssignCellColorSel(bool assign)
+{
+    d->assignCellColorSel = assign;
+    d->changed(QStringLiteral("AssignCellColorSel"));
+}
+
+OleColor VemoGrid::CellBackColorSel() const
+{
+    return d->cellBackColorSel;
+}
+
+void VemoGrid::setCellBackColorSel(OleColor color)
+{
+    d->cellBackColorSel = color;
+    d->changed(QStringLiteral("CellBackColorSel"));
+}
+
+OleColor VemoGrid::CellForeColorSel() const
+{
+    return d->cellForeColorSel;
+}
+
+void VemoGrid::setCellForeColorSel(OleColor color)
+{
+    d->cellForeColorSel = color;
+    d->changed(QStringLiteral("CellForeColorSel"));
+}
+
+bool VemoGrid::Redraw() const
+{
+    return d->flex->Redraw();
+}
+
+void VemoGrid::setRedraw(bool redraw)
+{
+    d->flex->setRedraw(redraw);
+    d->redraw = redraw;
+    d->changed(QStringLiteral("Redraw"));
+}
+
+QVariant VemoGrid::Tag() const
+{
+    return d->tag;
+}
+
+void VemoGrid::setTag(const QVariant& tag)
+{
+    d->tag = tag;
+    d->changed(QStringLiteral("Tag"));
+}
+
+QAbstractItemModel* VemoGrid::DataSource() const
+{
+    return d->flex->DataSource();
+}
+
+void VemoGrid::setDataSource(QAbstractItemModel* model)
+{
+    d->suppressEvents = true;
+    {
+        const auto clear = qScopeGuard([this] { d->suppressEvents = false; });
+        d->flex->setDataSource(model);
+    }
+    d->changed(QStringLiteral("DataSource"));
+    ReSetData();
+}
+
+void VemoGrid::ReSetData()
+{
+    setCols(d->flex->Cols());
+    setRows(d->flex->Rows());
+}
+
+bool VemoGrid::Enabled() const
+{
+    return isEnabled();
+}
+
+int VemoGrid::Appearance() const
+{
+    return d->appearance;
+}
+
+void VemoGrid::setAppearance(int appearance)
+{
+    d->appearance = appearance;
+    d->applyFrame();
+    d->changed(QStringLiteral("Appearance"));
+}
+
+int VemoGrid::BorderStyle() const
+{
+    return d->borderStyle;
+}
+
+void VemoGrid::setBorderStyle(int style)
+{
+    d->borderStyle = style;
+    d->applyFrame();
+    d->changed(QStringLiteral("BorderStyle"));
+}
+
+} // namespace VemoGridLib

@@ -1,0 +1,447 @@
+// The data-entry grid control (Parts 1.1 to 1.8).
+#pragma once
+
+#include "grid/Column.h"
+
+#include "common/OleColor.h"
+#include "common/VemoEnums.h"
+#include "common/VemoGridLibExport.h"
+
+#include <QPixmap>
+#include <QVariant>
+#include <QWidget>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QAbstractItemModel;
+QT_END_NAMESPACE
+
+namespace VemoGridLib {
+
+class FlexGrid;
+class PropertyBag;
+class VemoGridPrivate;
+
+/// `VemoGrid`, the library's data-entry grid (Part 1.1). It keeps every cell in its hosted
+/// `FlexGrid` (objectName `MSHFlexGrid1`), which fills the control but for a 60-twip margin,
+/// and adds one `Column` per column (Part 1.2), typed cell writes, row operations with the
+/// empty-line rule and automatic numbering (Part 1.5), typed sorting (Part 1.6), a per-row
+/// auto-calculated column (Part 1.7), saved properties (Part 1.4) and Excel export (Part 1.8).
+///
+/// Positions and sizes are twips, colours OLE colours. A failing call throws `VemoError`.
+/// Every setter emits `PropertyChanged` with the property's name ("SortAble" for `Sortable`).
+/// Pass-through members ("pass") forward to the hosted grid's member of the same name, whose
+/// behaviour is `FlexGrid`'s.
+///
+/// Bulk work — the colouring and check-box passes, sorting, typed cell writes, row operations —
+/// runs with the grid's events suppressed: no `EnterCell`, `LeaveCell` or editor work.
+///
+/// Auto-calculation rounds with `vb::Round`: half to even, applied to the binary product
+/// value × 10^DecimalLength (so Round(2.675, 2) = 2.68 and 2 × 1.005 rounds to 2.01).
+class VEMOGRIDLIB_EXPORT VemoGrid : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(int Rows READ Rows WRITE setRows)
+    Q_PROPERTY(int Cols READ Cols WRITE setCols)
+    Q_PROPERTY(int FixedRows READ FixedRows WRITE setFixedRows)
+    Q_PROPERTY(int FixedCols READ FixedCols WRITE setFixedCols)
+    Q_PROPERTY(QString FormatString READ FormatString WRITE setFormatString)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
+    Q_PROPERTY(int Appearance READ Appearance WRITE setAppearance)
+    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE setBorderStyle)
+    Q_PROPERTY(quint32 BackColor1 READ BackColor1 WRITE setBackColor1)
+    Q_PROPERTY(quint32 BackColor2 READ BackColor2 WRITE setBackColor2)
+    Q_PROPERTY(quint32 ReadOnlyColor READ ReadOnlyColor WRITE setReadOnlyColor)
+    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(quint32 BackColorBkg READ BackColorBkg WRITE setBackColorBkg)
+    Q_PROPERTY(quint32 BackColorFixed READ BackColorFixed WRITE setBackColorFixed)
+    Q_PROPERTY(quint32 BackColorSel READ BackColorSel WRITE setBackColorSel)
+    Q_PROPERTY(quint32 ForeColorSel READ ForeColorSel WRITE setForeColorSel)
+    Q_PROPERTY(quint32 ForeColorFixed READ ForeColorFixed WRITE setForeColorFixed)
+    Q_PROPERTY(quint32 GridColor READ GridColor WRITE setGridColor)
+    Q_PROPERTY(quint32 GridColorFixed READ GridColorFixed WRITE setGridColorFixed)
+    Q_PROPERTY(int GridLines READ GridLines WRITE setGridLines)
+    Q_PROPERTY(int GridLinesFixed READ GridLinesFixed WRITE setGridLinesFixed)
+    Q_PROPERTY(int GridLineWidth READ GridLineWidth WRITE setGridLineWidth)
+    Q_PROPERTY(int CellAppearance READ CellAppearance WRITE setCellAppearance)
+    Q_PROPERTY(int CellBorderStyle READ CellBorderStyle WRITE setCellBorderStyle)
+    Q_PROPERTY(QFont Font READ Font WRITE setFont)
+    Q_PROPERTY(QFont FontFixed READ FontFixed WRITE setFontFixed)
+    Q_PROPERTY(int FocusRect READ FocusRect WRITE setFocusRect)
+    Q_PROPERTY(int MergeCells READ MergeCells WRITE setMergeCells)
+    Q_PROPERTY(int SelectionMode READ SelectionMode WRITE setSelectionMode)
+    Q_PROPERTY(bool WordWrap READ WordWrap WRITE setWordWrap)
+    Q_PROPERTY(int TextStyle READ TextStyle WRITE setTextStyle)
+    Q_PROPERTY(int TextStyleFixed READ TextStyleFixed WRITE setTextStyleFixed)
+    Q_PROPERTY(int ScrollBars READ ScrollBars WRITE setScrollBars)
+    Q_PROPERTY(bool ScrollTrack READ ScrollTrack WRITE setScrollTrack)
+    Q_PROPERTY(int HighLight READ HighLight WRITE setHighLight)
+    Q_PROPERTY(bool AllowBigSelection READ AllowBigSelection WRITE setAllowBigSelection)
+    Q_PROPERTY(int AllowUserResizing READ AllowUserResizing WRITE setAllowUserResizing)
+    Q_PROPERTY(bool EditEnable READ EditEnable WRITE setEditEnable)
+    Q_PROPERTY(bool Sortable READ Sortable WRITE setSortable)
+    Q_PROPERTY(bool NullLine READ NullLine WRITE setNullLine)
+    Q_PROPERTY(bool AutoGrow READ AutoGrow WRITE setAutoGrow)
+    Q_PROPERTY(bool AssignCellColorSel READ AssignCellColorSel WRITE setAssignCellColorSel)
+    Q_PROPERTY(quint32 CellBackColorSel READ CellBackColorSel WRITE setCellBackColorSel)
+    Q_PROPERTY(quint32 CellForeColorSel READ CellForeColorSel WRITE setCellForeColorSel)
+    Q_PROPERTY(int AutoCalc1 READ AutoCalc1 WRITE setAutoCalc1)
+    Q_PROPERTY(int AutoCalc2 READ AutoCalc2 WRITE setAutoCalc2)
+    Q_PROPERTY(int AutoCalcRES READ AutoCalcRES WRITE setAutoCalcRES)
+    Q_PROPERTY(QString AutoCalcOPE READ AutoCalcOPE WRITE setAutoCalcOPE)
+    Q_PROPERTY(VemoGridLib::VemoGridScrollType ScrollType READ ScrollType WRITE setScrollType)
+    Q_PROPERTY(short ScrollNum READ ScrollNum WRITE setScrollNum)
+    Q_PROPERTY(bool LunarCalendar READ LunarCalendar WRITE setLunarCalendar)
+    Q_PROPERTY(bool Redraw READ Redraw WRITE setRedraw)
+    Q_PROPERTY(bool UserMode READ UserMode WRITE setUserMode)
+    Q_PROPERTY(QVariant Tag READ Tag WRITE setTag)
+    Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE setDataSource)
+
+public:
+    /// Part 1.1 creation: the hosted grid 2 × 2 with one fixed row and column, every field at
+    /// its initial value, then `InitProperties()`, so a new grid owns its `Column` objects.
+    explicit VemoGrid(QWidget* parent = nullptr);
+    /// Part 1.1 teardown: the `Column` objects are released.
+    ~VemoGrid() override;
+
+    /// The hosted cell surface `MSHFlexGrid1`, for reading; change cells through the grid.
+    FlexGrid* hostedGrid() const;
+
+    // ---- container (ARCHITECTURE.md) ----------------------------------------------------
+    /// Ambient `UserMode`: true (default) at run time, false at design time. At design time
+    /// `Cols` leaves the `Column` array alone, the colouring pass bands every column and the
+    /// check-box pass does nothing (Part 1.1).
+    bool UserMode() const;
+    void setUserMode(bool userMode);
+    /// Part 1.4: a new control's settings: re-applies `Cols` and `Rows` through the grid's own
+    /// setters (as after reading), so a grid that was never loaded owns its `Column` objects.
+    void InitProperties();
+    /// Part 1.4: reads the 52 properties in their reading order with their read defaults, then
+    /// re-applies `Cols` and `Rows`; a property that cannot be read or applied is skipped.
+    void ReadProperties(const PropertyBag& bag);
+    /// Part 1.4: writes the 52 properties in their writing order with their write defaults; a
+    /// property that cannot be written is skipped.
+    void WriteProperties(PropertyBag& bag) const;
+
+    // ---- Part 1.1 structure ----------------------------------------------------------------
+    /// Part 1.1: total rows (pass get). The setter sets the hosted `Rows`, raises `FixedCols`
+    /// and `FixedRows` to at least 1, then runs the colouring and check-box passes.
+    int Rows() const;
+    void setRows(int rows);
+    /// Part 1.1: total columns (pass get). The setter resizes the `Column` array first (user mode
+    /// only: kept objects keep their settings, new columns get fresh ones).
+    int Cols() const;
+    void setCols(int cols);
+    /// Part 1.1: the hosted `FixedRows` / `FixedCols` (pass).
+    int FixedRows() const;
+    void setFixedRows(int rows);
+    int FixedCols() const;
+    void setFixedCols(int cols);
+    /// Part 1.1: the current cell (pass get). The setters first run the leave-cell step
+    /// (`LeaveCell`, then with `EditEnable` the editor commit and auto-calculation).
+    int Row() const;
+    void setRow(int row);
+    int Col() const;
+    void setCol(int col);
+    /// Part 1.1: the other corner of the selection (pass `RowSel` / `ColSel`).
+    int Rowsel() const;
+    void setRowsel(int row);
+    int Colsel() const;
+    void setColsel(int col);
+    /// First visible data row / column (pass).
+    int TopRow() const;
+    void setTopRow(int row);
+    int LeftCol() const;
+    void setLeftCol(int col);
+    /// Part 1.1: the hosted `FormatString` (pass get). The setter then re-applies `Cols`, so the
+    /// `Column` array follows the column count the format string produced.
+    QString FormatString() const;
+    void setFormatString(const QString& format);
+
+    // ---- Part 1.2 columns ------------------------------------------------------------------
+    /// Part 1.2: the `Column` of column `Col`; outside the array → VemoError 9.
+    VemoGridLib::Column* Column(int Col) const;
+    /// Part 1.2: the editing type of column `Col`.
+    VemoGridColType ColType(int Col) const;
+    /// Part 1.2: records `type` in the column's `Column` (decimals and format of numeric types)
+    /// and sets the hosted alignment and width: text 1; check box 0 and 500 twips after the
+    /// check-box pass; date 1 and 1250 twips; currency, numeric, long 7. No `PropertyChanged`.
+    void setColType(int Col, VemoGridColType type);
+    /// Part 1.1: the hosted `ColWidth`, reading 1000 for the default width (−1).
+    int COLWIDTH(int Col) const;
+    void setCOLWIDTH(int Col, int twips);
+
+    // ---- Part 1.5 cells and rows ------------------------------------------------------------
+    /// Part 1.5: a cell's text; a check-box column reads "True" for the checked marker "." and
+    /// "False" for anything else.
+    QString TextMatrix(int Row, int Col) const;
+    /// Part 1.5: typed write: check box takes "0", "-1", "True", "False" (else ignored); a date
+    /// column takes dates only, formatted with its `FormatString`; a hyperlink cell becomes
+    /// blue and underlined and current; others store the text as given. Bad `Col` → 9.
+    void setTextMatrix(int Row, int Col, const QString& value);
+    /// The current cell's `TextMatrix` (Part 1.5 "`Text` get" is ours: typed like TextMatrix).
+    QString Text() const;
+    /// Part 1.5: the typed write of `setTextMatrix` on the current cell.
+    void setText(const QString& value);
+    /// Ours: a check-box cell holds the checked marker ".".
+    bool cgChecked(int Row, int Col) const;
+    /// Ours: writes "." or the unchecked marker "`" and redraws the box (Part 1.1 pass).
+    void setcgChecked(int Row, int Col, bool checked);
+    /// Part 1.5: adds a row from TAB-separated `Item` at the end (`Index` < 1) or before
+    /// `Index`, unless the current row is empty and `NullLine` is false (then the message
+    /// "Do not allow add a null line!" is shown and nothing is added). Empty `AutoAdd` cells
+    /// take the running number.
+    void AddItem(const QString& Item, int Index = 0);
+    /// Part 1.5: removes row `Index`, or the marked row when `Index` is 0; the only data row is
+    /// cleared instead.
+    void RemoveItem(int Index = 0);
+    /// Part 1.5: removes every data row but one empty one; headers, widths and fixed counts stay.
+    void Clear();
+    /// Part 1.5: the hosted `ClearStructure` only.
+    void ClearStructure();
+    /// Part 1.5: the row carrying the current-row marker; 0 = none.
+    int Selected() const;
+    /// Part 1.5: "3.0.15", the library version.
+    QVariant Version() const;
+    /// Ours: re-applies `Cols` and `Rows` from the hosted grid through the grid's setters (as
+    /// after loading), so `Column` objects, colours and check boxes follow data put into the
+    /// hosted grid or its `DataSource` directly.
+    void ReSetData();
+
+    // ---- Part 1.6 sorting -------------------------------------------------------------------
+    /// Part 1.6: sorts the data rows by `Col` per its `Column.SortType`; `SortNone` alternates
+    /// ascending / descending on repeated calls, the others force the direction. The header
+    /// shows an up or down arrow. `Col` < `FixedCols` does nothing.
+    void Sort(int Col, VemoGridSortMode SortDirection = SortNone);
+    /// Part 1.6: sets `Sortable` without `PropertyChanged`; `newValue` is ignored.
+    void SortOnHeaderClick(bool SortOn, VemoSortTypeConstants newValue = VemoSortNone);
+    /// Part 1.6: kept as it stands: ignores its arguments and only suppresses the grid's events
+    /// (so an editor commit does nothing) until the next sort or hyperlink write.
+    void SortOnCol(int Col, VemoSortTypeConstants SortType = VemoSortNone);
+    /// Part 1.6: a click on a data column's header sorts (default true). Reports "SortAble".
+    bool Sortable() const;
+    void setSortable(bool sortable);
+
+    // ---- Part 1.7 auto-calculation ----------------------------------------------------------
+    /// Part 1.7: operand columns and the result column (0 or less = off); no range check.
+    int AutoCalc1() const;
+    void setAutoCalc1(int col);
+    int AutoCalc2() const;
+    void setAutoCalc2(int col);
+    int AutoCalcRES() const;
+    void setAutoCalcRES(int col);
+    /// Part 1.7: the operator. The setter keeps the first character of the trimmed value and
+    /// shows "Operator ERROR" when it is not one of + - * /.
+    QString AutoCalcOPE() const;
+    void setAutoCalcOPE(const QString& op);
+
+    // ---- Part 1.8 export --------------------------------------------------------------------
+    /// Part 1.8: writes the table (without column 0) as a BIFF2 worksheet to `FileName`, typed
+    /// by column; every failure is silent and skips only the cell concerned.
+    void ExportToExcel(const QString& FileName);
+
+    // ---- Part 1.1 fields of the grid ---------------------------------------------------------
+    /// Part 1.1: cell editors may be shown; gates the leave-cell work (default true).
+    bool EditEnable() const;
+    void setEditEnable(bool enable);
+    /// Part 1.5: a row may be added while the current row is empty (default true).
+    bool NullLine() const;
+    void setNullLine(bool allow);
+    /// Part 1.3: Enter in the last cell adds a row (default true).
+    bool AutoGrow() const;
+    void setAutoGrow(bool grow);
+    /// Part 3.3: date editors show lunar dates (default false).
+    bool LunarCalendar() const;
+    void setLunarCalendar(bool lunar);
+    /// Part 1.3: what Alt+Up/Down and the wheel scroll, and by how many rows (default 3).
+    VemoGridScrollType ScrollType() const;
+    void setScrollType(VemoGridScrollType type);
+    short ScrollNum() const;
+    void setScrollNum(short rows);
+    /// Part 1.3: appearance and border given to the cell editors.
+    int CellAppearance() const;
+    void setCellAppearance(int appearance);
+    int CellBorderStyle() const;
+    void setCellBorderStyle(int style);
+    /// Part 1.1: the band colours of even and odd data rows (white, &HBFFFFF) and the colour of
+    /// locked and numbered columns (&HDFDFC0). Setting one recolours the data rows.
+    OleColor BackColor1() const;
+    void setBackColor1(OleColor color);
+    OleColor BackColor2() const;
+    void setBackColor2(OleColor color);
+    OleColor ReadOnlyColor() const;
+    void setReadOnlyColor(OleColor color);
+    /// Part 1.3: editors take these colours instead of the cell's when `AssignCellColorSel`.
+    bool AssignCellColorSel() const;
+    void setAssignCellColorSel(bool assign);
+    OleColor CellBackColorSel() const;
+    void setCellBackColorSel(OleColor color);
+    OleColor CellForeColorSel() const;
+    void setCellForeColorSel(OleColor color);
+    /// Part 1.1: the hosted `Redraw`, with a copy kept by the grid.
+    bool Redraw() const;
+    void setRedraw(bool redraw);
+    /// Ours: any value the host keeps with the control.
+    QVariant Tag() const;
+    void setTag(const QVariant& tag);
+    /// Part 1.1: binds the hosted grid to `model` (not owned), then re-applies `Cols` and `Rows`.
+    QAbstractItemModel* DataSource() const;
+    void setDataSource(QAbstractItemModel* model);
+
+    // ---- Part 1.1 the control's own look ------------------------------------------------------
+    /// Part 1.1: the control's `Enabled` (QWidget::setEnabled sets it), reported as "Enabled".
+    bool Enabled() const;
+    /// Part 1.1: `flat` 0 or `3D` 1 (default 1): the hosted grid's frame is plain or sunken.
+    int Appearance() const;
+    void setAppearance(int appearance);
+    /// Part 1.1: `None` 0 or `Fixed Single` 1 (default 1): the hosted grid's frame is shown.
+    int BorderStyle() const;
+    void setBorderStyle(int style);
+
+    // ---- Part 1.1 pass-through members -----------------------------------------------------
+    int RowHeight(int RowIndex) const;
+    void setRowHeight(int RowIndex, int twips);
+    int RowHeightMin() const;
+    void setRowHeightMin(int twips);
+    int FillStyle() const;
+    void setFillStyle(int style);
+    int ColAlignment(int Index) const;
+    void setColAlignment(int Index, int alignment);
+    int ColAlignmentFixed(int Index) const;
+    void setColAlignmentFixed(int Index, int alignment);
+    int CellAlignment() const;
+    void setCellAlignment(int alignment);
+    OleColor CellBackColor() const;
+    void setCellBackColor(OleColor color);
+    OleColor CellForeColor() const;
+    void setCellForeColor(OleColor color);
+    bool CellFontBold() const;
+    void setCellFontBold(bool bold);
+    bool CellFontItalic() const;
+    void setCellFontItalic(bool italic);
+    bool CellFontUnderLine() const;
+    void setCellFontUnderLine(bool underline);
+    float CellFontWidth() const;
+    void setCellFontWidth(float points);
+    float CellFontSize() const;
+    void setCellFontSize(float points);
+    QString CellFontName() const;
+    void setCellFontName(const QString& name);
+    QPixmap CellPicture() const;
+    void setCellPicture(const QPixmap& picture);
+    int CellPictureAlignment() const;
+    void setCellPictureAlignment(int alignment);
+    int CellLeft() const;
+    int CellTop() const;
+    int CellWidth() const;
+    int CellHeight() const;
+    bool ColIsVisible(int Index) const;
+    bool RowIsVisible(int Index) const;
+    int ColPos(int Index) const;
+    int RowPos(int Index) const;
+    void setColPosition(int Index, int to);
+    void setRowPosition(int Index, int to);
+    QString TextArray(int Index) const;
+    void setTextArray(int Index, const QString& text);
+    int FocusRect() const;
+    void setFocusRect(int style);
+    int HighLight() const;
+    void setHighLight(int setting);
+    int AllowUserResizing() const;
+    void setAllowUserResizing(int setting);
+    bool AllowBigSelection() const;
+    void setAllowBigSelection(bool allow);
+    QPixmap Picture() const;
+    int PictureType() const;
+    void setPictureType(int type);
+    OleColor ForeColor() const;
+    void setForeColor(OleColor color);
+    OleColor BackColorBkg() const;
+    void setBackColorBkg(OleColor color);
+    OleColor BackColorFixed() const;
+    void setBackColorFixed(OleColor color);
+    OleColor BackColorSel() const;
+    void setBackColorSel(OleColor color);
+    OleColor ForeColorSel() const;
+    void setForeColorSel(OleColor color);
+    OleColor ForeColorFixed() const;
+    void setForeColorFixed(OleColor color);
+    OleColor GridColor() const;
+    void setGridColor(OleColor color);
+    OleColor GridColorFixed() const;
+    void setGridColorFixed(OleColor color);
+    int GridLines() const;
+    void setGridLines(int style);
+    int GridLinesFixed() const;
+    void setGridLinesFixed(int style);
+    int GridLineWidth() const;
+    void setGridLineWidth(int pixels);
+    /// Part 1.1: the hosted grid's `Font`: the control's font (QWidget::setFont sets it), which
+    /// the hosted grid follows; reported as "Font".
+    QFont Font() const;
+    QFont FontFixed() const;
+    void setFontFixed(const QFont& font);
+    int MergeCells() const;
+    void setMergeCells(int setting);
+    bool MergeRow(int Row) const;
+    void setMergeRow(int Row, bool merge);
+    bool MergeCol(int Col) const;
+    void setMergeCol(int Col, bool merge);
+    int MouseRow() const;
+    int MouseCol() const;
+    int SelectionMode() const;
+    void setSelectionMode(int mode);
+    bool WordWrap() const;
+    void setWordWrap(bool wrap);
+    int TextStyle() const;
+    void setTextStyle(int style);
+    int TextStyleFixed() const;
+    void setTextStyleFixed(int style);
+    int ScrollBars() const;
+    void setScrollBars(int bars);
+    bool ScrollTrack() const;
+    void setScrollTrack(bool track);
+
+Q_SIGNALS:
+    /// Part 1.1 conventions: a setter changed the property saved (or reported) as `name`.
+    void PropertyChanged(const QString& name);
+
+    /// Part 1.3 events, in their declared order. The editor-born ones (`Change`,
+    /// `BeforeDropDown`, `CellComboSelect`, `CellComboClick`, `BtnClick`, `BeforeChange`,
+    /// `CellChanged`, `ValidateError`) come with the cell editors.
+    void Click();
+    void Change();
+    void BeforeDropDown();
+    /// The hosted grid entered a cell; `Value` is always empty.
+    void EnterCell(int& Rowsel, int& Colsel, QString& Value);
+    void DblClick();
+    /// The hosted grid is leaving the current cell (before the commit).
+    void LeaveCell();
+    void RowColChange();
+    void CellComboSelect(int RowIndex, const QString& Value);
+    void CellComboClick(int RowIndex, int& ColIndex, QString& Value);
+    void BtnClick(int& RowIndex, int& ColIndex);
+    void BeforeChange(int Row, int Col, bool& Cancel, QString& newValue);
+    void CellChanged(int Row, int Col);
+    void ValidateError(int Row, int Col, const QString& Value);
+    void KeyDown(short& KeyCode, short& Shift);
+    void KeyPress(short& KeyAscii);
+    void KeyUp(short& KeyCode, short& Shift);
+    /// Button 1/2/4, Shift 1/2/4, x and y in twips of the hosted grid.
+    void MouseDown(short& Button, short& Shift, float& x, float& y);
+    void MouseMove(short& Button, short& Shift, float& x, float& y);
+    void MouseUp(short& Button, short& Shift, float& x, float& y);
+    void SelChange();
+    void Scroll();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    friend class VemoGridPrivate;
+    std::unique_ptr<VemoGridPrivate> d;
+};
+
+} // namespace VemoGridLib

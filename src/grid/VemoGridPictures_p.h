@@ -1,0 +1,21 @@
+// The pictures VemoGrid draws into its cells: check boxes (Part 1.1), sort arrows (Part 1.6)
+// and the current-row marker (Part 1.3). The Parts leave their images to us; they are drawn
+// here, so the library carries no image files.
+#pragma once
+
+#include <QPixmap>
+
+namespace VemoGridLib::GridPictures {
+
+/// `imgChecked`: a ticked 13 × 13 box.
+QPixmap checked();
+/// `imgUnchecked`: an empty 13 × 13 box.
+QPixmap unchecked();
+/// `imgUP`: a small triangle pointing up, for an ascending sort.
+QPixmap up();
+/// `imgDown`: a small triangle pointing down, for a descending sort.
+QPixmap down();
+/// The current-row marker: a small triangle pointing right, as in a record selector.
+QPixmap rowMarker();
+
+} // namespace VemoGridLib::GridPictures

@@ -1,0 +1,208 @@
+// Part 1.5: VemoGrid's row operations, typed cell writes, the marked row and the version.
+#include "grid/VemoGrid_p.h"
+
+#include "common/Messages.h"
+#include "common/VbDateTime.h"
+#include "common/VbFormat.h"
+#include "common/VemoError.h"
+
+#include <QScopeGuard>
+
+namespace VemoGridLib {
+
+namespace {
+
+const QString CheckedMarker = QStringLiteral(".");
+const QString UncheckedMarker = QStringLiteral("`");
+constexpr OleColor HyperlinkColour = 0xFF0000;
+
+} // namespace
+
+bool VemoGridPrivate::rowIsEmpty(int row) const
+{
+    for (int c = flex->FixedCols(); c < flex->Cols(); ++c) {
+        const QString text = flex->TextMatrix(row, c);
+        const bool filled = typeOf(c) == eCheckBox ? text == CheckedMarker : !text.isEmpty();
+        if (filled)
+            return false;
+    }
+    return true;
+}
+
+void VemoGridPrivate::writeChecked(int row, int col, bool checked)
+{
+    {
+        suppressEvents = true;
+        const auto clear = qScopeGuard([this] { suppressEvents = false; });
+        flex->setTextMatrix(row, col, checked ? CheckedMarker : UncheckedMarker);
+    }
+    drawCheckBoxes(col, row);
+}
+
+// ---- adding and removing rows ---------------------------------------------------------------
+
+void VemoGrid::AddItem(const QString& Item, int Index)
+{
+    d->commitEdit();
+    if (d->rowIsEmpty(d->flex->Row()) && !d->nullLine) {
+        showMessage(MessageId::RefusedEmptyLine);
+        return;
+    }
+    int newRow = 0;
+    if (Index < 1) {
+        d->flex->AddItem(Item);
+        newRow = d->flex->Rows() - 1;
+    } else {
+        d->flex->AddItem(Item, Index);
+        newRow = Index;
+    }
+    for (int c = d->flex->FixedCols(); c < d->flex->Cols(); ++c) {
+        if (d->typeOf(c) == eCheckBox) {
+            d->drawCheckBoxes(c, newRow);
+        } else if (std::size_t(c) < d->columns.size() && d->columns[std::size_t(c)]->AutoAdd() &&
+                   d->flex->TextMatrix(newRow, c).isEmpty()) {
+            d->flex->setTextMatrix(newRow, c, QString::number(d->runningNumber));
+            ++d->runningNumber;
+        }
+    }
+    d->colourRows(newRow);
+    d->moveHostedCell(newRow, d->flex->Col());
+    d->redisplayCurrentCell();
+}
+
+void VemoGrid::RemoveItem(int Index)
+{
+    int row = d->markedRow;
+    if (Index != 0) {
+        d->moveHostedCell(d->flex->Row(), 0);
+        if (d->markedRow >= d->flex->FixedRows())
+            d->flex->setCellPicture(QPixmap());
+        row = Index;
+    }
+    if (row < d->flex->FixedRows())
+        return;
+    if (d->flex->Rows() == d->flex->FixedRows() + 1) {
+        Clear();
+        return;
+    }
+    d->commitEdit();
+    d->removeSortMark();
+    d->flex->RemoveItem(row);
+    d->colourRows(row);
+    d->markedRow = 0;
+    const int current = row < d->flex->Rows() ? row : d->flex->Rows() - 1;
+    d->moveHostedCell(current, d->flex->Col());
+    d->redisplayCurrentCell();
+}
+
+void VemoGrid::Clear()
+{
+    // Part 1.5 runs Clear with errors ignored: each step is guarded on its own.
+    const auto step = [](auto&& work) {
+        try {
+            work();
+        } catch (const VemoError&) {
+        }
+    };
+    FlexGrid* const flex = d->flex;
+    step([this] { d->commitEdit(); });
+    step([this] { d->removeSortMark(); });
+    const QString format = flex->FormatString();
+    const int fixedRows = flex->FixedRows();
+    const int fixedCols = flex->FixedCols();
+    std::vector<int> widths;
+    for (int c = 0; c < flex->Cols(); ++c)
+        widths.push_back(flex->ColWidth(c));
+    step([flex] { flex->Clear(); });
+    step([flex, &format] { flex->setFormatString(format); });
+    for (int c = 0; c < int(widths.size()); ++c)
+        step([flex, c, &widths] { flex->setColWidth(c, widths[std::size_t(c)]); });
+    step([flex, fixedCols] { flex->setFixedCols(fixedCols); });
+    step([flex, fixedRows] { flex->setFixedRows(fixedRows); });
+    step([flex, fixedRows] { flex->setRows(fixedRows + 1); });
+    step([this, fixedRows] { d->moveHostedCell(fixedRows, d->flex->Col()); });
+    step([this] { d->drawCheckBoxes(-1, -1); });
+    step([this] { d->colourRows(-1); });
+    d->markedRow = 0;
+    step([this] { d->redisplayCurrentCell(); });
+}
+
+void VemoGrid::ClearStructure()
+{
+    d->flex->ClearStructure();
+}
+
+int VemoGrid::Selected() const
+{
+    return d->markedRow;
+}
+
+QVariant VemoGrid::Version() const
+{
+    return QStringLiteral(VEMOGRIDLIB_VERSION_STRING);
+}
+
+// ---- typed cell text --------------------------------------------------------------------------
+
+QString VemoGrid::TextMatrix(int Row, int Col) const
+{
+    const QString text = d->flex->TextMatrix(Row, Col);
+    if (d->typeOf(Col) != eCheckBox)
+        return text;
+    return text == CheckedMarker ? QStringLiteral("True") : QStringLiteral("False");
+}
+
+void VemoGrid::setTextMatrix(int Row, int Col, const QString& value)
+{
+    VemoGridLib::Column* const column = d->column(Col);
+    switch (column->colType()) {
+    case eCheckBox:
+        if (value == QLatin1String("0") || value == QLatin1String("False"))
+            setcgChecked(Row, Col, false);
+        else if (value == QLatin1String("-1") || value == QLatin1String("True"))
+            setcgChecked(Row, Col, true);
+        return;
+    case eCalendar:
+        if (!vb::IsDate(value))
+            return;
+        d->flex->setTextMatrix(Row, Col,
+                               column->FormatString().isEmpty()
+                                   ? value
+                                   : vb::Format(vb::CDate(value), column->FormatString()));
+        return;
+    case ehyperlink: {
+        d->suppressEvents = true;
+        const auto clear = qScopeGuard([this] { d->suppressEvents = false; });
+        d->flex->setRow(Row);
+        d->flex->setCol(Col);
+        d->flex->setCellFontUnderline(true);
+        d->flex->setCellForeColor(HyperlinkColour);
+        d->flex->setText(value);
+        return;
+    }
+    default:
+        d->flex->setTextMatrix(Row, Col, value);
+    }
+}
+
+QString VemoGrid::Text() const
+{
+    return TextMatrix(d->flex->Row(), d->flex->Col());
+}
+
+void VemoGrid::setText(const QString& value)
+{
+    setTextMatrix(d->flex->Row(), d->flex->Col(), value);
+}
+
+bool VemoGrid::cgChecked(int Row, int Col) const
+{
+    return d->flex->TextMatrix(Row, Col) == CheckedMarker;
+}
+
+void VemoGrid::setcgChecked(int Row, int Col, bool checked)
+{
+    d->writeChecked(Row, Col, checked);
+}
+
+} // namespace VemoGridLib

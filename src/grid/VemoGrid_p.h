@@ -1,0 +1,158 @@
+// VemoGrid's private state and the steps its Parts share. One source file per Part:
+// VemoGrid.cpp (1.1 model, 1.2 grid side, events), VemoGridProperties.cpp (1.4),
+// VemoGridRows.cpp (1.5), VemoGridSort.cpp (1.6), VemoGridAutoCalc.cpp (1.7),
+// VemoGridExport.cpp (1.8).
+#pragma once
+
+#include "grid/ExcelFile.h"
+#include "grid/FlexGrid.h"
+#include "grid/VemoGrid.h"
+
+#include "common/OleColor.h"
+
+#include <QPixmap>
+#include <QPointer>
+
+#include <memory>
+#include <vector>
+
+namespace VemoGridLib {
+
+class VemoGridPrivate
+{
+public:
+    explicit VemoGridPrivate(VemoGrid* grid);
+
+    static VemoGridPrivate* get(VemoGrid* grid) { return grid->d.get(); }
+
+    VemoGrid* const q;
+    /// `MSHFlexGrid1`, a child of the control.
+    FlexGrid* const flex;
+
+    // ---- Part 1.1 fields, at their initial values -------------------------------------------
+    /// One `Column` per hosted column in user mode; owned (children of the control).
+    std::vector<VemoGridLib::Column*> columns;
+    bool userMode = true;
+    bool sortable = true;
+    bool editEnable = true;
+    bool autoGrow = true;
+    bool nullLine = true;
+    bool redraw = true;
+    bool lunarCalendar = false;
+    VemoGridScrollType scrollType = VemoScrollAuto;
+    short scrollNum = 3;
+    int cellAppearance = 0;
+    int cellBorderStyle = 0;
+    int appearance = 1;
+    int borderStyle = 1;
+    int topRowLimit = 2147483647;
+    int leftColLimit = 2147483647;
+    /// Set by bulk work: no EnterCell / LeaveCell and no editor work while true.
+    bool suppressEvents = false;
+    /// Set while an editor is being placed (Part 1.3).
+    bool editorShowing = false;
+    int lastMouseRow = 0;
+    int lastMouseCol = 0;
+    /// Rows the last colouring pass reached (Part 1.1 step 4).
+    int coloredRows = 1;
+    QVariant tag;
+
+    OleColor backColor1 = 0xFFFFFF;
+    OleColor backColor2 = 0xBFFFFF;
+    OleColor readOnlyColor = 0xDFDFC0;
+    bool assignCellColorSel = false;
+    OleColor cellBackColorSel = 0xFFFFFF;
+    OleColor cellForeColorSel = 0;
+
+    // ---- Part 1.5 ------------------------------------------------------------------------------
+    int runningNumber = 1;
+    int markedRow = 0;
+
+    // ---- Part 1.6 ------------------------------------------------------------------------------
+    int lastSortedCol = -1;
+    bool ascending = true;
+
+    // ---- Part 1.7 ------------------------------------------------------------------------------
+    int autoCalc1 = 0;
+    int autoCalc2 = 0;
+    int autoCalcRES = 0;
+    QString autoCalcOPE;
+
+    // ---- Part 1.8 ------------------------------------------------------------------------------
+    /// Created on the first export and reused by later ones.
+    std::unique_ptr<ExcelFile> excel;
+
+    // ---- pictures (drawn once per grid) --------------------------------------------------------
+    QPixmap imgChecked;
+    QPixmap imgUnchecked;
+    QPixmap imgUP;
+    QPixmap imgDown;
+    QPixmap imgMarker;
+
+    // ---- Part 1.1 steps (VemoGrid.cpp) ----------------------------------------------------------
+    /// Reports a property change to the container.
+    void changed(const QString& name) { Q_EMIT q->PropertyChanged(name); }
+    /// The `Column` of `col`, or VemoError 9 (bounds) when outside the array.
+    VemoGridLib::Column* column(int col) const;
+    /// The column's type, `eTextBox` when the column has no `Column` (design time).
+    VemoGridColType typeOf(int col) const;
+    /// Resizes the `Column` array to `cols`, keeping existing objects.
+    void resizeColumns(int cols);
+    /// The colouring pass from `startRow` (−1 = the whole grid) to the last row.
+    void colourRows(int startRow);
+    /// The check-box drawing pass for (`row`, `col`); −1 / a row below 1 = all.
+    void drawCheckBoxes(int col, int row);
+    /// The hidden-text, picture look of one check-box cell (in the store, no events).
+    void drawCheckBox(int row, int col);
+    /// The band or read-only colour of a data cell, as the colouring pass gives it.
+    OleColor bandColour(int row, int col) const;
+    /// Lays the hosted grid out over the control with the 60-twip margin.
+    void layoutHostedGrid();
+    /// The hosted grid's frame from `BorderStyle` and `Appearance`.
+    void applyFrame();
+    /// Moves the current-row marker to `row` (0 removes it), events suppressed.
+    void moveMarker(int row);
+    /// The leave-cell step of Part 1.3: `LeaveCell` unless suppressed, then with `EditEnable`
+    /// the editor commit and the auto-calculation.
+    void leaveCell();
+    /// Part 1.3's editor commit. With no editor open (until the cell editors arrive, always)
+    /// it does nothing, and nothing while events are suppressed.
+    void commitEdit();
+    /// Part 1.3's current-cell re-display: shows the editor of the current cell once editors
+    /// exist; with none it leaves the hosted grid as it is.
+    void redisplayCurrentCell();
+    /// Sets hosted `Row` / `Col` with events suppressed.
+    void moveHostedCell(int row, int col);
+    /// Connects the hosted grid's events to the grid's handlers.
+    void connectHostedGrid();
+    /// The hosted grid's Click: `Click`, then a header click sorts, a data click marks the row.
+    void onHostedClick();
+    /// The hosted grid's LeaveCell (skipped once after the grid's own Row/Col setters ran it).
+    void onHostedLeaveCell();
+    void onHostedEnterCell();
+    bool leaveAlreadyDone = false;
+
+    // ---- Part 1.5 steps (VemoGridRows.cpp) ------------------------------------------------------
+    /// The empty-line rule: no data column of `row` is filled (a check box only by ".").
+    bool rowIsEmpty(int row) const;
+    /// Writes `value` into a check-box cell as its marker and redraws the box.
+    void writeChecked(int row, int col, bool checked);
+
+    // ---- Part 1.6 steps (VemoGridSort.cpp) ------------------------------------------------------
+    /// The sort routine.
+    void sort(int col, VemoGridSortMode direction);
+    /// Removes the arrow from the last sorted column's header and forgets that column.
+    void removeSortMark();
+    /// Sorts by a hidden column of keys made from `col`'s texts, with the hosted `setting`.
+    void sortByKeyColumn(int col, int setting, QString (*key)(const QString&));
+    /// Puts `picture` into a cell's look directly (no current-cell move, no events); an
+    /// `alignment` below 0 keeps the cell's picture alignment.
+    void setPicture(int row, int col, const QPixmap& picture, int alignment = -1);
+
+    // ---- Part 1.7 step (VemoGridAutoCalc.cpp) -------------------------------------------------
+    /// Recomputes the result cell of the current row when the current column is an operand.
+    /// Division by zero throws VemoError 11 (0 / 0: 6).
+    void autoCalculate();
+};
+
+} // namespace VemoGridLib
