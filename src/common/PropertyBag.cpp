@@ -1,0 +1,9 @@
+// Part 1.4: the property bag interface.
+#include "common/PropertyBag.h"
+
+namespace VemoGridLib {
+
+// Out of line so that the vtable and type information live in the library alone.
+PropertyBag::~PropertyBag() = default;
+
+} // namespace VemoGridLib
