@@ -74,6 +74,7 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
     const auto finish = qScopeGuard([this, savedRow, savedCol] {
         flex->setRow(savedRow);
         flex->setCol(savedCol);
+        followMarker();
         colourRows(-1);
         flex->setRedraw(true);
         suppressEvents = false;
@@ -116,6 +117,22 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
     default:
         flex->setSort(plainSortSetting(type, ascending));
     }
+}
+
+void VemoGridPrivate::followMarker()
+{
+    if (markedRow < flex->FixedRows())
+        return;
+    // The marker picture moved with its row; `Selected` follows it there.
+    const FlexCellStore& cells = flex->cells();
+    const qint64 marker = imgMarker.cacheKey();
+    for (int r = flex->FixedRows(); r < flex->Rows(); ++r) {
+        if (cells.format(r, 0).picture.cacheKey() == marker) {
+            markedRow = r;
+            return;
+        }
+    }
+    markedRow = 0;
 }
 
 void VemoGridPrivate::removeSortMark()

@@ -141,6 +141,8 @@ public:
     // ---- Part 1.6 steps (VemoGridSort.cpp) ------------------------------------------------------
     /// The sort routine.
     void sort(int col, VemoGridSortMode direction);
+    /// After a sort: the marked row becomes the row the marker picture moved to.
+    void followMarker();
     /// Removes the arrow from the last sorted column's header and forgets that column.
     void removeSortMark();
     /// Sorts by a hidden column of keys made from `col`'s texts, with the hosted `setting`.

@@ -107,6 +107,7 @@ private slots:
     void fixedRowsNeverMove();
     void rowBandsFollowTheNewOrder();
     void currentCellIsRestored();
+    void markedRowFollowsItsRow();
 
     void headerClicksAlternate();
     void headerClickDoesNothing_data();
@@ -522,6 +523,25 @@ void tst_Sorting::currentCellIsRestored()
 
     QCOMPARE(m_grid->Row(), 3);
     QCOMPARE(m_grid->Col(), SecondCol);
+}
+
+void tst_Sorting::markedRowFollowsItsRow()
+{
+    build({"4", "3", "2", "1"});
+    m_grid->Column(KeyCol)->setSortType(VemoSortNumeric);
+    clickCell(2, LabelCol); // marks the row of key "3"
+    QCOMPARE(m_grid->Selected(), 2);
+
+    m_grid->Sort(KeyCol);
+
+    // Key "3" is now on row 3, and the marker picture went with it: so does Selected.
+    QCOMPARE(m_grid->Selected(), 3);
+    QVERIFY(!lookOf(*m_grid, 3, 0).picture.isNull());
+    QVERIFY(lookOf(*m_grid, 2, 0).picture.isNull());
+    m_grid->RemoveItem(0);
+    QCOMPARE(dataColumn(*m_grid, KeyCol), QStringList({"1", "2", "4"}));
+    for (int r = 1; r < m_grid->Rows(); ++r)
+        QVERIFY(lookOf(*m_grid, r, 0).picture.isNull());
 }
 
 // ---- header clicks ----------------------------------------------------------------------------
