@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <optional>
@@ -67,28 +68,54 @@ void setCell(std::array<uchar, N>& record, short Row, unsigned char Col)
 
 struct ExcelFile::Private
 {
+    /// Records are gathered here and reach the file in blocks: a write call per record costs
+    /// more than building the record.
+    static constexpr qsizetype FlushThreshold = 64 * 1024;
+
     std::optional<QFile> file;
+    QByteArray pending;
+    /// The ANSI code page of the texts, fixed when the file is opened.
+    int codePage = 1252;
     LabelHeader label = LabelTemplate;
     IntegerRecord integer = IntegerTemplate;
     NumberRecord number = NumberTemplate;
 
-    QFile& openFile()
+    void checkOpen() const
     {
         if (!file)
             throw VemoError::badFileNameOrNumber();
-        return *file;
     }
 
-    static void write(QFile& target, const char* data, qint64 size)
+    /// Writes the gathered records; false when the file took fewer bytes.
+    bool flush()
     {
-        if (target.write(data, size) != size)
+        const qint64 size = pending.size();
+        const bool written = file->write(pending) == size;
+        pending.clear();
+        return written;
+    }
+
+    void append(const char* data, qsizetype size)
+    {
+        pending.append(data, size);
+        if (pending.size() >= FlushThreshold && !flush())
             throw VemoError::deviceIoError();
     }
 
     template <std::size_t N>
     void writeRecord(const std::array<uchar, N>& record)
     {
-        write(openFile(), reinterpret_cast<const char*>(record.data()), qint64(N));
+        checkOpen();
+        append(reinterpret_cast<const char*>(record.data()), qsizetype(N));
+    }
+
+    /// Closes the file with what has been written so far; false when that could not be saved.
+    bool close()
+    {
+        const bool written = flush();
+        const bool flushed = file->flush();
+        file.reset();
+        return written && flushed;
     }
 };
 
@@ -96,11 +123,18 @@ ExcelFile::ExcelFile()
     : d(std::make_unique<Private>())
 {}
 
-ExcelFile::~ExcelFile() = default;
+ExcelFile::~ExcelFile()
+{
+    if (d->file)
+        d->close();
+}
 
 void ExcelFile::OpenFile(const QString& FileName)
 {
-    d->file.reset();
+    if (d->file)
+        d->close();
+    d->pending.reserve(Private::FlushThreshold + 256);
+    d->codePage = ansiCodePage();
     QFile& file = d->file.emplace(FileName);
     // ReadWrite without Truncate: an existing longer file keeps its bytes past the new EOF.
     if (!file.open(QIODevice::ReadWrite)) {
@@ -113,24 +147,41 @@ void ExcelFile::OpenFile(const QString& FileName)
 void ExcelFile::CloseFile()
 {
     d->writeRecord(EofTemplate);
-    // Buffered bytes reach the file only now, so a full disk shows up here.
-    const bool flushed = d->file->flush();
-    d->file.reset();
-    if (!flushed)
+    // Gathered records reach the disk only now, so a full disk shows up here; the file is
+    // closed either way.
+    if (!d->close())
         throw VemoError::deviceIoError();
 }
 
 void ExcelFile::EWriteString(short Row, unsigned char Col, const QString& value)
 {
-    const QByteArray text = toAnsiCodePage(value);
-    const uchar textLength = checkedByte(int(text.size()));
-    const uchar recordLength = checkedByte(int(text.size()) + LabelFixedLength);
+    EWriteString(Row, Col, QStringView(value));
+}
+
+void ExcelFile::EWriteString(short Row, unsigned char Col, QStringView value)
+{
+    d->checkOpen();
+    // ASCII is the same in every supported code page; most cell texts take this path.
+    const bool ascii =
+        std::all_of(value.cbegin(), value.cend(), [](QChar c) { return c.unicode() < 0x80; });
+    const QByteArray converted =
+        ascii ? QByteArray() : toAnsiCodePage(value.toString(), d->codePage);
+    const qsizetype byteCount = ascii ? value.size() : converted.size();
+    const uchar textLength = checkedByte(int(std::min<qsizetype>(byteCount, ByteMax + 1)));
+    const uchar recordLength = checkedByte(int(textLength) + LabelFixedLength);
     setCell(d->label, Row, Col);
     d->label[LabelLengthOffset] = recordLength;
     d->label[LabelTextLengthOffset] = textLength;
 
     d->writeRecord(d->label);
-    Private::write(*d->file, text.constData(), text.size());
+    if (!ascii) {
+        d->append(converted.constData(), converted.size());
+        return;
+    }
+    std::array<char, ByteMax> bytes;
+    std::transform(value.cbegin(), value.cend(), bytes.begin(),
+                   [](QChar c) { return char(c.unicode()); });
+    d->append(bytes.data(), value.size());
 }
 
 void ExcelFile::EWriteInteger(short Row, unsigned char Col, int value)

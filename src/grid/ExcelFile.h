@@ -11,8 +11,10 @@ namespace VemoGridLib {
 
 /// Part 1.8: writes a BIFF2 worksheet record by record: `OpenFile` writes the BOF record, each
 /// `EWrite*` one cell record, `CloseFile` the EOF record. Rows and columns are one-based; the
-/// records hold them zero-based. Every failure throws VemoError and writes nothing of the record.
-/// Destroying an open writer closes the file without writing the EOF record.
+/// records hold them zero-based. A refused record (bad row, column, value or text length) throws
+/// VemoError and writes nothing. Records are gathered in memory and written in blocks, so a
+/// write failure of the file (57) may show up a few records later, at the latest in `CloseFile`.
+/// Destroying an open writer saves the records so far and closes the file without EOF.
 class VEMOGRIDLIB_EXPORT ExcelFile
 {
 public:
@@ -25,8 +27,9 @@ public:
 
     /// Part 1.8: opens `FileName` for binary read/write at offset 0 without truncating it (an
     /// existing longer file keeps its trailing bytes) and writes the BOF record. A file already
-    /// open is closed first, without EOF. Throws VemoError 75 "Path/File access error" when the
-    /// file cannot be opened; the writer then has no open file.
+    /// open is closed first, without EOF. The ANSI code page of the texts is fixed here. Throws
+    /// VemoError 75 "Path/File access error" when the file cannot be opened; the writer then has no
+    /// open file.
     void OpenFile(const QString& FileName);
     /// Part 1.8: writes the EOF record and closes the file. Throws VemoError 52 "Bad file name or
     /// number" without an open file, 57 "Device I/O error" when the data cannot be written.
@@ -36,6 +39,8 @@ public:
     /// one-based (`Row`, `Col`). Throws VemoError 6 "Overflow" when `Row` < 1, `Col` < 1 or the
     /// text has more than 247 bytes; 52 without an open file; 57 on a write failure.
     void EWriteString(short Row, unsigned char Col, const QString& value);
+    /// Part 1.8: the same for a view of the text, which the grid's export reads without a copy.
+    void EWriteString(short Row, unsigned char Col, QStringView value);
     /// Part 1.8: writes an INTEGER record of `value` at one-based (`Row`, `Col`). Throws
     /// VemoError 6 "Overflow" when `value` is outside 0..65535, `Row` < 1 or `Col` < 1; 52
     /// without an open file; 57 on a write failure.

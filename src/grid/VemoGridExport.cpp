@@ -1,0 +1,153 @@
+// Part 1.8: VemoGrid's export to an Excel worksheet.
+#include "grid/VemoGrid_p.h"
+
+#include "grid/FlexCellStore.h"
+
+#include "common/VbConversion.h"
+#include "common/VbStrings.h"
+#include "common/VemoError.h"
+
+#include <exception>
+#include <optional>
+
+namespace VemoGridLib {
+
+namespace {
+
+// The writer takes `Row` as a 16-bit signed number: a later grid row cannot be addressed.
+constexpr int LastSheetRow = 32767;
+// The writer takes `Col` as one byte, and the data loop's column counter is one byte as well.
+constexpr int LastByteColumn = 255;
+
+// Part 1.8 runs the export with errors ignored: a failing statement is skipped on its own.
+template <typename Statement>
+bool guarded(Statement&& statement)
+{
+    try {
+        statement();
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+// How a data column's cells are written (Part 1.8's table, `AutoAdd` first).
+struct ColumnKind
+{
+    bool autoAdd = false;
+    VemoGridColType type = eTextBox;
+};
+
+// IsNumeric is exactly "CDbl succeeds" (VbConversion.h), so one scan decides and reads the value:
+// the VB scanner dominates the export's time. A blank text, never numeric, costs no throw.
+std::optional<double> numberOf(const QString& text, vb::VbLocale locale)
+{
+    if (text.isEmpty())
+        return std::nullopt;
+    try {
+        return vb::CDbl(text, locale);
+    } catch (const VemoError&) {
+        return std::nullopt;
+    }
+}
+
+/// A cell's text as a QString sharing the cell's characters: the cell store is not touched while
+/// one cell is written.
+QString borrowed(QStringView text)
+{
+    return QString::fromRawData(text.data(), text.size());
+}
+
+/// VB's Trim; a text without surrounding blanks, the usual case, is not copied.
+QString trimmed(QStringView text)
+{
+    const bool blankAround = !text.isEmpty() && (text.front() == u' ' || text.back() == u' ');
+    return blankAround ? vb::Trim(text.toString()) : borrowed(text);
+}
+
+void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, ColumnKind kind,
+                   vb::VbLocale locale)
+{
+    if (kind.autoAdd) {
+        excel.EWriteInteger(row, col, vb::CLng(borrowed(t), locale));
+        return;
+    }
+    switch (kind.type) {
+    case eCheckBox:
+        excel.EWriteString(row, col, t == QStringView(u".") ? u"True" : u"False");
+        return;
+    case eLong: {
+        QString value = trimmed(t);
+        if (value.contains(QLatin1Char(',')))
+            value.remove(QLatin1Char(','));
+        if (const std::optional<double> number = numberOf(value, locale))
+            excel.EWriteInteger(row, col, vb::CLng(*number));
+        else if (!value.isEmpty())
+            excel.EWriteString(row, col, value);
+        return;
+    }
+    case eCurrency:
+    case eNumeric: {
+        const QString value = trimmed(t);
+        if (const std::optional<double> number = numberOf(value, locale))
+            excel.EWriteFloat(row, col, *number);
+        else
+            excel.EWriteString(row, col, value);
+        return;
+    }
+    default:
+        excel.EWriteString(row, col, t);
+        return;
+    }
+}
+
+} // namespace
+
+void VemoGrid::ExportToExcel(const QString& FileName)
+{
+    if (!guarded([&] {
+            if (!d->excel)
+                d->excel = std::make_unique<ExcelFile>();
+        }))
+        return;
+    ExcelFile& excel = *d->excel;
+    // A file that cannot be opened makes every later write and the close fail with no effect,
+    // so stopping here changes nothing but the time spent.
+    if (!guarded([&] { excel.OpenFile(FileName); }))
+        return;
+
+    const FlexGrid& flex = *d->flex;
+    const FlexCellStore& cells = flex.cells();
+    const int rows = flex.Rows();
+    const int cols = flex.Cols();
+    const int fixedRows = flex.FixedRows();
+    // The VB conversions read the user locale from the environment on every call; one export
+    // runs in one locale.
+    const vb::VbLocale locale = vb::userLocale();
+
+    for (int r = 0; r < fixedRows && r + 1 <= LastSheetRow; ++r) {
+        for (int c = 1; c < cols && c <= LastByteColumn; ++c)
+            guarded([&] { excel.EWriteString(short(r + 1), uchar(c), cells.textView(r, c)); });
+    }
+
+    // With more than 256 columns the one-byte counter cannot hold the loop bound: the VB loop
+    // fails before its first pass and no data is written.
+    if (cols - 1 <= LastByteColumn) {
+        for (int c = 1; c < cols; ++c) {
+            ColumnKind kind;
+            // A column without a `Column` object (design time) keeps the defaults: plain text.
+            guarded([&] { kind.autoAdd = d->column(c)->AutoAdd(); });
+            guarded([&] { kind.type = d->typeOf(c); });
+            for (int r = fixedRows; r < rows && r + 1 <= LastSheetRow; ++r) {
+                guarded([&] {
+                    writeDataCell(excel, short(r + 1), uchar(c), cells.textView(r, c), kind,
+                                  locale);
+                });
+            }
+        }
+    }
+
+    guarded([&] { excel.CloseFile(); });
+}
+
+} // namespace VemoGridLib
