@@ -1,0 +1,368 @@
+#include "InvoiceForm.h"
+
+#include "SampleData.h"
+
+#include "common/Twips.h"
+#include "common/VbConversion.h"
+#include "common/VbFormat.h"
+#include "grid/FlexEnums.h"
+#include "grid/FlexGrid.h"
+#include "grid/VemoGrid.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+using namespace VemoGridLib;
+
+namespace {
+
+enum FormColumn : int {
+    ColMarker,
+    ColNumber,
+    ColPaid,
+    ColDate,
+    ColProduct,
+    ColProductZh,
+    ColPrice,
+    ColQuantity,
+    ColAmount,
+    ColStock,
+    ColPage,
+    ColumnCount,
+};
+
+struct ColumnSpec
+{
+    /// UTF-8.
+    const char* header;
+    /// The data alignment, as a FormatString prefix: < left, ^ centre, > right.
+    char alignment;
+    VemoGridColType type;
+    VemoSortTypeConstants sortType;
+};
+
+constexpr std::array<ColumnSpec, ColumnCount> Columns{{
+    {"", '^', eTextBox, VemoSortNone},
+    {"No.", '>', eLong, VemoSortNumeric},
+    {"Paid", '^', eCheckBox, VemoSortString},
+    {"Date", '<', eCalendar, VemoSortDateTime},
+    {"Product", '<', eTextBox, VemoSortStringNoCase},
+    {"品名", '<', eTextBox, VemoSortString},
+    {"Unit price", '>', eCurrency, VemoSortCurrency},
+    {"Qty", '>', eNumeric, VemoSortNumeric},
+    {"Amount", '>', eCurrency, VemoSortCurrency},
+    {"In stock", '>', eLong, VemoSortNumeric},
+    {"Product page", '<', ehyperlink, VemoSortStringNoCase},
+}};
+
+/// OLE colours, 0x00BBGGRR: white and pale blue bands, a warm grey for what the user cannot
+/// type into, white where the grid has no cells.
+constexpr OleColor BandColor1 = 0xFFFFFF;
+constexpr OleColor BandColor2 = 0xFAF1E6;
+constexpr OleColor ReadOnlyColor = 0xDCE2E6;
+constexpr OleColor EmptyAreaColor = 0xFFFFFF;
+
+/// The demo's fictitious shop; example.com is reserved for documentation.
+constexpr const char* ProductPageBase = "https://example.com/shop/";
+
+/// Room beside a text: the cell margins.
+constexpr int TextPaddingPx = 12;
+/// Room for the sort arrow (Part 1.6 puts it at the header's right edge) on both sides of a
+/// centred header text.
+constexpr int ArrowRoomPx = 14;
+/// The fixed column shows only the row marker.
+constexpr int MarkerColumnPx = 18;
+/// VemoGrid's hosted grid leaves this margin free at the right and bottom (Part 1.1).
+constexpr int GridMarginTwips = 60;
+/// Slack against the rounding of twips to pixels, so that the sample rows need no scroll bar.
+constexpr int SlackPx = 4;
+
+QString header(int col)
+{
+    return QString::fromUtf8(Columns[std::size_t(col)].header);
+}
+
+QString formatString()
+{
+    QStringList segments;
+    for (const ColumnSpec& spec : Columns)
+        segments << QLatin1Char(spec.alignment) + QString::fromUtf8(spec.header);
+    return segments.join(QLatin1Char('|'));
+}
+
+QString rowsText(int rows)
+{
+    return rows == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(rows);
+}
+
+/// `value` in column `col`'s own number format.
+QString formatted(const VemoGrid& grid, int col, double value)
+{
+    return vb::Format(value, grid.Column(col)->FormatString());
+}
+
+} // namespace
+
+InvoiceForm::InvoiceForm(QWidget* parent)
+    : QWidget(parent)
+    , m_grid(new VemoGrid(this))
+    , m_status(new QStatusBar(this))
+{
+    auto* addButton = new QPushButton(QStringLiteral("Add row"), this);
+    addButton->setToolTip(QStringLiteral("Adds an empty row at the end; the grid numbers it."));
+    auto* removeButton = new QPushButton(QStringLiteral("Remove row"), this);
+    removeButton->setToolTip(QStringLiteral(
+        "Removes the marked row (click a row to mark it with ▸),\nor the current row when no "
+        "row is marked. The last row left is emptied instead."));
+    auto* clearButton = new QPushButton(QStringLiteral("Clear"), this);
+    clearButton->setToolTip(
+        QStringLiteral("Removes every row but one empty one; headers and column widths stay."));
+    auto* exportButton = new QPushButton(QStringLiteral("Export to Excel…"), this);
+    exportButton->setToolTip(
+        QStringLiteral("Writes the table to an Excel worksheet (.xls), typed by column."));
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(addButton);
+    buttons->addWidget(removeButton);
+    buttons->addWidget(clearButton);
+    buttons->addStretch();
+    buttons->addWidget(exportButton);
+    m_status->setSizeGripEnabled(false);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_grid, 1);
+    layout->addLayout(buttons);
+    layout->addWidget(m_status);
+
+    setUpColumns();
+    fill();
+    computeAmounts();
+    m_grid->Sort(ColDate);
+    followSort(ColDate);
+    fitColumns();
+    m_grid->setRow(m_grid->FixedRows());
+    m_grid->setCol(ColProduct);
+    m_grid->setTopRow(m_grid->FixedRows());
+
+    connect(addButton, &QPushButton::clicked, this, &InvoiceForm::addRow);
+    connect(removeButton, &QPushButton::clicked, this, &InvoiceForm::removeRow);
+    connect(clearButton, &QPushButton::clicked, this, &InvoiceForm::clearRows);
+    connect(exportButton, &QPushButton::clicked, this, &InvoiceForm::exportToExcel);
+    connect(m_grid, &VemoGrid::Click, this, &InvoiceForm::onClick);
+    m_grid->setFocus();
+    showStatus(QStringLiteral("Click a header to sort, a row to mark it."));
+}
+
+QSize InvoiceForm::sizeHint() const
+{
+    const FlexGrid* flex = m_grid->hostedGrid();
+    const int chrome = 2 * flex->frameWidth() + SlackPx;
+    int width = chrome + flex->verticalScrollBar()->sizeHint().width() +
+                twipsToPixelsX(GridMarginTwips, m_grid);
+    for (int col = 0; col < m_grid->Cols(); ++col)
+        width += twipsToPixelsX(m_grid->COLWIDTH(col), m_grid);
+    int height = chrome + twipsToPixelsY(GridMarginTwips, m_grid);
+    for (int row = 0; row < m_grid->Rows(); ++row)
+        height += twipsToPixelsY(m_grid->RowHeight(row), m_grid);
+    // The grid has no size hint of its own: the layout's hint covers everything else.
+    const QSize others = QWidget::sizeHint();
+    const QMargins margins = layout()->contentsMargins();
+    return QSize(std::max(others.width(), width + margins.left() + margins.right()),
+                 others.height() + height);
+}
+
+void InvoiceForm::setUpColumns()
+{
+    QFont headerFont = m_grid->Font();
+    headerFont.setBold(true);
+    m_grid->setFontFixed(headerFont);
+    m_grid->setAllowUserResizing(Flex::flexResizeColumns);
+    m_grid->setFormatString(formatString());
+    for (int col = m_grid->FixedCols(); col < ColumnCount; ++col) {
+        const ColumnSpec& spec = Columns[std::size_t(col)];
+        m_grid->setColType(col, spec.type);
+        m_grid->Column(col)->setSortType(spec.sortType);
+        // Part 1.6 puts the sort arrow at the header's right edge, clear of a centred text.
+        m_grid->setColAlignmentFixed(col, Flex::flexAlignCenterCenter);
+    }
+    m_grid->Column(ColNumber)->setAutoAdd(true);
+    m_grid->Column(ColDate)->setFormatString(QStringLiteral("yyyy-mm-dd"));
+    m_grid->Column(ColQuantity)->setDecimalLength(2);
+    m_grid->Column(ColQuantity)->setFormatString(QStringLiteral("#,##0.00"));
+    m_grid->Column(ColAmount)->setLocked(true);
+    m_grid->Column(ColStock)->setFormatString(QStringLiteral("#,##0"));
+
+    m_grid->setBackColor1(BandColor1);
+    m_grid->setBackColor2(BandColor2);
+    m_grid->setReadOnlyColor(ReadOnlyColor);
+    m_grid->setBackColorBkg(EmptyAreaColor);
+    m_grid->setAutoCalc1(ColPrice);
+    m_grid->setAutoCalc2(ColQuantity);
+    m_grid->setAutoCalcRES(ColAmount);
+    m_grid->setAutoCalcOPE(QStringLiteral("*"));
+}
+
+void InvoiceForm::fill()
+{
+    m_grid->setRedraw(false);
+    // No data rows at first, so that AddItem numbers the sample rows from 1.
+    m_grid->setRows(m_grid->FixedRows());
+    const QString pageBase = QString::fromLatin1(ProductPageBase);
+    for (const StockLine& line : sampleStockLines()) {
+        m_grid->AddItem(QString());
+        const int row = m_grid->Rows() - 1;
+        m_grid->setTextMatrix(row, ColPaid,
+                              line.paid ? QStringLiteral("True") : QStringLiteral("False"));
+        m_grid->setTextMatrix(row, ColDate, QString::fromLatin1(line.date));
+        m_grid->setTextMatrix(row, ColProduct, QString::fromUtf8(line.product));
+        m_grid->setTextMatrix(row, ColProductZh, QString::fromUtf8(line.productZh));
+        m_grid->setTextMatrix(row, ColPrice,
+                              formatted(*m_grid, ColPrice, double(line.priceCents) / 100));
+        m_grid->setTextMatrix(
+            row, ColQuantity,
+            formatted(*m_grid, ColQuantity, double(line.quantityHundredths) / 100));
+        m_grid->setTextMatrix(row, ColStock, formatted(*m_grid, ColStock, line.inStock));
+        m_grid->setTextMatrix(row, ColPage, pageBase + QString::fromLatin1(line.sku));
+    }
+    m_grid->setRedraw(true);
+}
+
+void InvoiceForm::computeAmounts()
+{
+    m_grid->setRedraw(false);
+    for (int row = m_grid->FixedRows(); row < m_grid->Rows(); ++row) {
+        m_grid->setRow(row);
+        m_grid->setCol(ColPrice);
+        // Leaving an operand cell recomputes the row's amount (Part 1.7), as a clerk's Tab does.
+        m_grid->setCol(ColQuantity);
+    }
+    m_grid->setRedraw(true);
+}
+
+void InvoiceForm::fitColumns()
+{
+    const QFontMetrics dataMetrics(m_grid->Font());
+    const QFontMetrics headerMetrics(m_grid->FontFixed());
+    const FlexGrid* flex = m_grid->hostedGrid();
+    m_grid->setCOLWIDTH(ColMarker, pixelsToTwipsX(MarkerColumnPx, m_grid));
+    for (int col = m_grid->FixedCols(); col < m_grid->Cols(); ++col) {
+        int widest = headerMetrics.horizontalAdvance(header(col)) + 2 * ArrowRoomPx;
+        // A check box cell's text is its hidden marker; the box is narrower than the header.
+        if (m_grid->ColType(col) != eCheckBox) {
+            for (int row = m_grid->FixedRows(); row < m_grid->Rows(); ++row)
+                widest =
+                    std::max(widest, dataMetrics.horizontalAdvance(flex->TextMatrix(row, col)));
+        }
+        m_grid->setCOLWIDTH(col, pixelsToTwipsX(widest + TextPaddingPx, m_grid));
+    }
+}
+
+void InvoiceForm::followSort(int col)
+{
+    m_sortedAscending = col == m_sortedCol ? !m_sortedAscending : true;
+    m_sortedCol = col;
+}
+
+void InvoiceForm::addRow()
+{
+    m_grid->AddItem(QString());
+    const int row = m_grid->Row();
+    if (!m_grid->RowIsVisible(row))
+        m_grid->setTopRow(row);
+    m_grid->setFocus();
+    showStatus(QStringLiteral("Added row %1.").arg(row));
+}
+
+void InvoiceForm::removeRow()
+{
+    const int marked = m_grid->Selected();
+    const int row = marked > 0 ? marked : m_grid->Row();
+    if (row < m_grid->FixedRows())
+        return;
+    const bool onlyRow = m_grid->Rows() == m_grid->FixedRows() + 1;
+    const QString product = m_grid->TextMatrix(row, ColProduct);
+    m_grid->RemoveItem(marked > 0 ? 0 : row);
+    m_sortedCol = -1;
+    m_grid->setFocus();
+    if (onlyRow)
+        showStatus(QStringLiteral("Emptied the only row: the grid always keeps one."));
+    else if (product.isEmpty())
+        showStatus(QStringLiteral("Removed row %1.").arg(row));
+    else
+        showStatus(QStringLiteral("Removed row %1, %2.").arg(row).arg(product));
+}
+
+void InvoiceForm::clearRows()
+{
+    m_grid->Clear();
+    m_sortedCol = -1;
+    m_grid->setFocus();
+    showStatus(QStringLiteral("Cleared: one empty row is left for the next entry."));
+}
+
+void InvoiceForm::exportToExcel()
+{
+    const QString file = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Export to Excel"), QDir::home().filePath(QStringLiteral("stock.xls")),
+        QStringLiteral("Excel worksheets (*.xls)"));
+    if (file.isEmpty())
+        return;
+    // The export writes over an existing file without truncating it (Part 1.8), which would
+    // leave a longer file's tail behind; the dialog has had the user agree to replace it.
+    if (QFile::exists(file) && !QFile::remove(file)) {
+        showStatus(QStringLiteral("Cannot replace %1.").arg(QDir::toNativeSeparators(file)));
+        return;
+    }
+    m_grid->ExportToExcel(file);
+    // The export is silent about failures (Part 1.8): the file tells whether it was written.
+    const QFileInfo written(file);
+    showStatus(written.exists() && written.size() > 0
+                   ? QStringLiteral("Exported %1 to %2.")
+                         .arg(rowsText(m_grid->Rows() - m_grid->FixedRows()),
+                              QDir::toNativeSeparators(file))
+                   : QStringLiteral("Could not write %1.").arg(QDir::toNativeSeparators(file)));
+}
+
+void InvoiceForm::onClick()
+{
+    const int col = m_grid->MouseCol();
+    const bool onHeader = m_grid->MouseRow() < m_grid->FixedRows() && col >= m_grid->FixedCols();
+    if (onHeader && m_grid->Sortable() && m_grid->Column(col)->SortType() != VemoSortNone)
+        followSort(col);
+    // The grid sorts or marks the row only after raising Click: read its state once it has.
+    QMetaObject::invokeMethod(
+        this, [this] { showStatus(); }, Qt::QueuedConnection);
+}
+
+void InvoiceForm::showStatus(const QString& action)
+{
+    double total = 0;
+    for (int row = m_grid->FixedRows(); row < m_grid->Rows(); ++row) {
+        const QString amount = m_grid->TextMatrix(row, ColAmount);
+        if (vb::IsNumeric(amount))
+            total += vb::CDbl(amount);
+    }
+    QStringList parts;
+    if (!action.isEmpty())
+        parts << action;
+    parts << QStringLiteral("%1, total %2")
+                 .arg(rowsText(m_grid->Rows() - m_grid->FixedRows()),
+                      vb::Format(total, QStringLiteral("#,##0.00")));
+    if (m_sortedCol >= 0)
+        parts << QStringLiteral("sorted by %1, %2")
+                     .arg(header(m_sortedCol), m_sortedAscending ? QStringLiteral("ascending")
+                                                                 : QStringLiteral("descending"));
+    parts << (m_grid->Selected() > 0 ? QStringLiteral("row %1 marked").arg(m_grid->Selected())
+                                     : QStringLiteral("no row marked"));
+    m_status->showMessage(parts.join(QStringLiteral(" · ")));
+}

@@ -1,0 +1,54 @@
+// The demo's first view: a VemoGrid stock entry form with its row buttons.
+#pragma once
+
+#include <QWidget>
+
+QT_BEGIN_NAMESPACE
+class QStatusBar;
+QT_END_NAMESPACE
+
+namespace VemoGridLib {
+class VemoGrid;
+}
+
+/// A purchase ledger in a VemoGrid: one typed column per kind of entry (numbered, check box,
+/// date, text, currency, numeric, long, hyperlink), banded rows, read-only colours, an amount
+/// column the grid computes from price × quantity, and header clicks that sort by the column's
+/// own sort type. Buttons below add, remove and clear rows and export the table to Excel; the
+/// status line shows the row count, the marked row and the sort order.
+class InvoiceForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit InvoiceForm(QWidget* parent = nullptr);
+
+    /// Wide enough for every column, tall enough for the sample rows.
+    QSize sizeHint() const override;
+
+private:
+    void setUpColumns();
+    void fill();
+    /// Computes the amount of every row the way the grid does for a clerk: by leaving an
+    /// operand cell.
+    void computeAmounts();
+    /// Fits the columns to their headers (with room for the sort arrow) and texts.
+    void fitColumns();
+    /// Mirrors a sort the grid ran on `col`.
+    void followSort(int col);
+    void addRow();
+    void removeRow();
+    void clearRows();
+    void exportToExcel();
+    void onClick();
+    /// Shows `action` (if any) and the grid's state: rows, total, marked row, sort order.
+    void showStatus(const QString& action = QString());
+
+    VemoGridLib::VemoGrid* m_grid;
+    QStatusBar* m_status;
+    /// The grid keeps its sort order to itself; this mirrors it for the status line, following
+    /// the same rules: a new column sorts ascending, the same one again reverses, and row
+    /// removal and Clear take the sort mark away.
+    int m_sortedCol = -1;
+    bool m_sortedAscending = true;
+};
