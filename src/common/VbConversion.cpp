@@ -3,6 +3,7 @@
 #include "common/VbNumberFormat_p.h"
 #include "common/VemoError.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -414,6 +415,50 @@ ParsedNumber scanNumber(const QString& text, VbLocale locale)
 }
 
 } // namespace
+
+bool ReadPlainDecimal(QStringView text, double& value)
+{
+    qsizetype begin = 0;
+    qsizetype end = text.size();
+    while (begin < end && isScannerWhite(text[begin]))
+        ++begin;
+    while (end > begin && isScannerWhite(text[end - 1]))
+        --end;
+    // The digits (and the point) as from_chars reads them; the scanner's result is the same
+    // correctly rounded value of the same digits.
+    constexpr qsizetype MaxLength = 64;
+    std::array<char, MaxLength> buffer;
+    qsizetype length = 0;
+    qsizetype at = begin;
+    if (at < end && (text[at] == u'-' || text[at] == u'+')) {
+        if (text[at] == u'-')
+            buffer[length++] = '-';
+        ++at;
+    }
+    bool integerDigits = false;
+    bool fractionDigits = false;
+    bool point = false;
+    for (; at < end; ++at) {
+        const char16_t c = text[at].unicode();
+        if (length >= MaxLength - 1)
+            return false;
+        if (c >= u'0' && c <= u'9') {
+            buffer[length++] = char(c);
+            (point ? fractionDigits : integerDigits) = true;
+        } else if (c == u',' && integerDigits && !point) {
+            continue;
+        } else if (c == u'.' && !point) {
+            buffer[length++] = '.';
+            point = true;
+        } else {
+            return false;
+        }
+    }
+    if (!integerDigits && !fractionDigits)
+        return false;
+    const auto result = std::from_chars(buffer.data(), buffer.data() + length, value);
+    return result.ec == std::errc() && result.ptr == buffer.data() + length;
+}
 
 QString CStr(double value)
 {

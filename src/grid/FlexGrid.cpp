@@ -797,11 +797,15 @@ void FlexGrid::AddItem(const QString& item, int index)
     if (index < 0 || index > Rows())
         FlexGridPrivate::raise(Flex::flexerrNoSuchRow);
     d->store.insertRow(index);
-    int c = 0;
-    for (const QStringView segment : QStringView(item).split(u'\t')) {
-        if (c >= Cols())
+    // The segments are read in place: a split into a list would allocate for every row added.
+    const QStringView text(item);
+    qsizetype start = 0;
+    for (int c = 0; c < Cols(); ++c) {
+        const qsizetype tab = text.indexOf(u'\t', start);
+        d->store.setText(index, c, text.sliced(start, (tab < 0 ? text.size() : tab) - start));
+        if (tab < 0)
             break;
-        d->store.setText(index, c++, segment);
+        start = tab + 1;
     }
     d->relayout();
 }
@@ -1156,6 +1160,9 @@ void FlexGrid::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
     d->relayout();
+    // A new size shows or hides the bars, which changes the viewport: settled here, not later.
+    if (d->redraw)
+        d->syncScrollBars();
 }
 
 void FlexGrid::scrollContentsBy(int, int)

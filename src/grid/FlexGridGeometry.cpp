@@ -329,6 +329,24 @@ int FlexGridPrivate::pageUpTopRow() const
 
 void FlexGridPrivate::updateScrollBars()
 {
+    // With Redraw off nothing is shown, bars included; setRedraw(true) brings them up to date.
+    if (!redraw || scrollBarSyncQueued)
+        return;
+    // A changed range makes the scroll area post an event; bulk work (rows added one by one)
+    // would post one per row. The bars follow once per pass of the event loop instead, the way
+    // Qt's item views lay themselves out.
+    scrollBarSyncQueued = true;
+    QMetaObject::invokeMethod(
+        q,
+        [this] {
+            scrollBarSyncQueued = false;
+            syncScrollBars();
+        },
+        Qt::QueuedConnection);
+}
+
+void FlexGridPrivate::syncScrollBars()
+{
     // The bars' signals stay connected: the scroll area shows and hides a bar on rangeChanged.
     // Only the value's feedback into scrollFromBars is held back.
     const QScopedValueRollback<bool> syncing(syncingScrollBars, true);

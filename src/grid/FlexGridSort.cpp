@@ -14,38 +14,10 @@ namespace VemoGridLib {
 
 namespace {
 
-/// A plain decimal ("-12", " 3.50 ") read without the locale scanner; most cells are such.
-bool readPlainDecimal(QStringView text, double& value)
-{
-    text = text.trimmed();
-    if (text.isEmpty() || text.size() > 64)
-        return false;
-    char buffer[64];
-    qsizetype length = 0;
-    bool digits = false;
-    bool point = false;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t ch = text[i].unicode();
-        if (ch >= u'0' && ch <= u'9') {
-            digits = true;
-        } else if (ch == u'.' && !point) {
-            point = true;
-        } else if (!((ch == u'-' || ch == u'+') && i == 0)) {
-            return false;
-        }
-        if (ch != u'+')
-            buffer[length++] = char(ch);
-    }
-    if (!digits)
-        return false;
-    const auto result = std::from_chars(buffer, buffer + length, value);
-    return result.ec == std::errc() && result.ptr == buffer + length;
-}
-
 /// VB's IsNumeric / CDbl reading of a cell (vb-semantics.md §4), with the plain fast path.
 bool readNumber(QStringView text, vb::VbLocale locale, double& value)
 {
-    if (readPlainDecimal(text, value))
+    if (vb::ReadPlainDecimal(text, value))
         return true;
     if (text.isEmpty())
         return false;
@@ -143,6 +115,66 @@ std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, i
     return order;
 }
 
+/// A text key's first eight case-folded code units, packed so that comparing two packs orders
+/// as the folded comparison of the texts does wherever the packs differ. A surrogate among those
+/// units folds together with its partner, so such a key is not `exact` and only the full
+/// comparison decides for it.
+struct TextEntry
+{
+    quint64 high = 0;
+    quint64 low = 0;
+    std::uint32_t row = 0;
+    bool exact = true;
+};
+
+TextEntry textEntry(QStringView text, std::uint32_t row)
+{
+    TextEntry entry;
+    entry.row = row;
+    constexpr qsizetype PackedUnits = 8;
+    for (qsizetype i = 0; i < std::min(text.size(), PackedUnits); ++i) {
+        const QChar c = text[i];
+        if (c.isSurrogate())
+            entry.exact = false;
+        const quint64 folded = c.toCaseFolded().unicode();
+        quint64& half = i < 4 ? entry.high : entry.low;
+        half |= folded << (16 * (3 - i % 4));
+    }
+    return entry;
+}
+
+/// The common case of a text sort — one key column — as a sort of packed prefixes; only texts
+/// that agree in their first eight folded units are compared in full. The order is exactly
+/// `compare`'s (whose first criterion is the folded comparison), so the sort stays stable.
+template <typename Compare>
+std::vector<std::uint32_t> textOrder(const FlexCellStore& store, int first, int count, int keyCol,
+                                     bool ascending, Compare compare)
+{
+    std::vector<QStringView> texts(static_cast<std::size_t>(count));
+    std::vector<TextEntry> entries(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        texts[std::size_t(i)] = store.textView(first + i, keyCol);
+        entries[std::size_t(i)] = textEntry(texts[std::size_t(i)], std::uint32_t(i));
+    }
+    const auto order3 = [&](const TextEntry& a, const TextEntry& b) {
+        if (a.exact && b.exact) {
+            if (a.high != b.high)
+                return a.high < b.high ? -1 : 1;
+            if (a.low != b.low)
+                return a.low < b.low ? -1 : 1;
+        }
+        return compare(texts[a.row], texts[b.row]);
+    };
+    std::stable_sort(entries.begin(), entries.end(), [&](const TextEntry& a, const TextEntry& b) {
+        const int result = order3(a, b);
+        return ascending ? result < 0 : result > 0;
+    });
+    std::vector<std::uint32_t> order(entries.size());
+    std::transform(entries.begin(), entries.end(), order.begin(),
+                   [](const TextEntry& e) { return e.row; });
+    return order;
+}
+
 /// Any setting over any number of key columns: keys are prepared per column, then rows are
 /// compared column by column, leftmost first.
 template <typename Key, typename MakeKey, typename CompareKeys>
@@ -221,13 +253,17 @@ void FlexGridPrivate::sort(int setting)
         break;
     case Flex::flexSortStringNoCaseAscending:
     case Flex::flexSortStringNoCaseDescending:
-        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending, identity,
-                                        compareNoCase);
+        order = firstKey == lastKey
+                    ? textOrder(store, first, count, firstKey, ascending, compareNoCase)
+                    : keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
+                                              identity, compareNoCase);
         break;
     case Flex::flexSortStringAscending:
     case Flex::flexSortStringDescending:
-        order = keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending, identity,
-                                        compareCase);
+        order = firstKey == lastKey
+                    ? textOrder(store, first, count, firstKey, ascending, compareCase)
+                    : keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
+                                              identity, compareCase);
         break;
     case Flex::flexSortCustom: {
         order.resize(std::size_t(count));

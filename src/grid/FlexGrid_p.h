@@ -181,8 +181,12 @@ public:
     bool scrollTo(int top, int left);
     /// Follows a scroll bar the user moved (whole rows and columns).
     void scrollFromBars();
-    /// Ranges and values of the scroll bars from TopRow/LeftCol, without feedback.
+    /// Ranges and values of the scroll bars from TopRow/LeftCol, without feedback: queued to
+    /// the next pass of the event loop (once, however many changes come before it).
     void updateScrollBars();
+    /// Sets the bars' ranges and values now; updateScrollBars queues this.
+    void syncScrollBars();
+    bool scrollBarSyncQueued = false;
     /// Geometry changed (sizes, fonts, counts): re-clamp TopRow/LeftCol, scroll bars, repaint.
     void relayout();
     /// Schedules a repaint of the viewport unless Redraw is false.

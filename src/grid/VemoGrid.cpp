@@ -11,6 +11,7 @@
 
 #include <QEvent>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -19,40 +20,11 @@ namespace VemoGridLib {
 namespace {
 
 constexpr int LayoutMarginTwips = 60;
-constexpr int HourglassPointer = 11;
 constexpr int CheckBoxColumnWidth = 500;
 constexpr int CalendarColumnWidth = 1250;
 constexpr int CheckBoxPictureAlignment = Flex::flexAlignCenterCenter;
 constexpr int MarkerPictureAlignment = Flex::flexAlignLeftCenter;
 const QString UncheckedMarker = QStringLiteral("`");
-
-/// Runs a bulk pass the way Part 1.1 does: hourglass pointer, Redraw off, events suppressed;
-/// afterwards Redraw as it was, the pointer cleared and the suppression flag cleared (cleared,
-/// not restored: `SortOnCol`'s flag ends with the next bulk pass, as Part 1.6 keeps it).
-class BulkPass
-{
-public:
-    explicit BulkPass(VemoGridPrivate& grid)
-        : m_grid(grid)
-        , m_redraw(grid.flex->Redraw())
-    {
-        m_grid.flex->setMousePointer(HourglassPointer);
-        m_grid.suppressEvents = true;
-        m_grid.flex->setRedraw(false);
-    }
-    ~BulkPass()
-    {
-        m_grid.flex->setRedraw(m_redraw);
-        m_grid.flex->setMousePointer(Flex::flexDefault);
-        m_grid.suppressEvents = false;
-    }
-    BulkPass(const BulkPass&) = delete;
-    BulkPass& operator=(const BulkPass&) = delete;
-
-private:
-    VemoGridPrivate& m_grid;
-    const bool m_redraw;
-};
 
 /// Part 1.1 check-box pass: the checked picture unless the trimmed text is empty, "False" or
 /// the program's own unchecked marker.
@@ -74,6 +46,31 @@ VemoGridPrivate::VemoGridPrivate(VemoGrid* grid)
     , imgMarker(GridPictures::rowMarker())
 {
     flex->setObjectName(QStringLiteral("MSHFlexGrid1"));
+}
+
+BulkPass::BulkPass(VemoGridPrivate& grid, qint64 cells)
+    : m_grid(grid)
+    , m_outermost(grid.bulkDepth++ == 0)
+    , m_redraw(grid.flex->Redraw())
+    , m_hourglass(m_outermost && cells >= HourglassCells)
+{
+    if (!m_outermost)
+        return;
+    if (m_hourglass)
+        m_grid.flex->setMousePointer(Flex::flexHourglass);
+    m_grid.suppressEvents = true;
+    m_grid.flex->setRedraw(false);
+}
+
+BulkPass::~BulkPass()
+{
+    --m_grid.bulkDepth;
+    if (!m_outermost)
+        return;
+    m_grid.flex->setRedraw(m_redraw);
+    if (m_hourglass)
+        m_grid.flex->setMousePointer(Flex::flexDefault);
+    m_grid.suppressEvents = false;
 }
 
 VemoGridLib::Column* VemoGridPrivate::column(int col) const
@@ -113,10 +110,10 @@ OleColor VemoGridPrivate::bandColour(int row, int col) const
 
 void VemoGridPrivate::colourRows(int startRow)
 {
-    const BulkPass pass(*this);
-    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
     const int rows = flex->Rows();
     const int first = std::max(startRow, flex->FixedRows());
+    const BulkPass pass(*this, qint64(rows - first) * flex->Cols());
+    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
     for (int c = flex->FixedCols(); c < flex->Cols(); ++c) {
         const bool numbered =
             userMode && std::size_t(c) < columns.size() && columns[std::size_t(c)]->AutoAdd();
@@ -149,11 +146,11 @@ void VemoGridPrivate::drawCheckBoxes(int col, int row)
 {
     if (!userMode)
         return;
-    const BulkPass pass(*this);
     const int firstCol = col < 0 ? flex->FixedCols() : col;
     const int lastCol = col < 0 ? flex->Cols() - 1 : std::min(col, flex->Cols() - 1);
     const int firstRow = row < 1 ? flex->FixedRows() : row;
     const int lastRow = row < 1 ? flex->Rows() - 1 : std::min(row, flex->Rows() - 1);
+    const BulkPass pass(*this, qint64(lastRow - firstRow + 1) * (lastCol - firstCol + 1));
     for (int c = firstCol; c <= lastCol; ++c) {
         if (typeOf(c) != eCheckBox)
             continue;
@@ -219,8 +216,7 @@ void VemoGridPrivate::redisplayCurrentCell()
 
 void VemoGridPrivate::moveHostedCell(int row, int col)
 {
-    suppressEvents = true;
-    const auto clear = qScopeGuard([this] { suppressEvents = false; });
+    const QScopedValueRollback<bool> suppressed(suppressEvents, true);
     flex->setRow(row);
     flex->setCol(col);
 }

@@ -38,12 +38,14 @@ struct ColumnKind
     VemoGridColType type = eTextBox;
 };
 
-// IsNumeric is exactly "CDbl succeeds" (VbConversion.h), so one scan decides and reads the value:
-// the VB scanner dominates the export's time. A blank text, never numeric, costs no throw.
+// IsNumeric is exactly "CDbl succeeds" (VbConversion.h), so one scan decides and reads the value;
+// plain decimals, most cells, skip the full scanner. A blank text, never numeric, costs no throw.
 std::optional<double> numberOf(const QString& text, vb::VbLocale locale)
 {
     if (text.isEmpty())
         return std::nullopt;
+    if (double value = 0; vb::ReadPlainDecimal(text, value))
+        return value;
     try {
         return vb::CDbl(text, locale);
     } catch (const VemoError&) {
@@ -69,7 +71,10 @@ void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, Column
                    vb::VbLocale locale)
 {
     if (kind.autoAdd) {
-        excel.EWriteInteger(row, col, vb::CLng(borrowed(t), locale));
+        double value = 0;
+        excel.EWriteInteger(row, col,
+                            vb::ReadPlainDecimal(t, value) ? vb::CLng(value)
+                                                           : vb::CLng(borrowed(t), locale));
         return;
     }
     switch (kind.type) {

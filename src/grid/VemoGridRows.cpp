@@ -1,6 +1,8 @@
 // Part 1.5: VemoGrid's row operations, typed cell writes, the marked row and the version.
 #include "grid/VemoGrid_p.h"
 
+#include "grid/FlexCellStore.h"
+
 #include "common/Messages.h"
 #include "common/VbDateTime.h"
 #include "common/VbFormat.h"
@@ -20,8 +22,9 @@ constexpr OleColor HyperlinkColour = 0xFF0000;
 
 bool VemoGridPrivate::rowIsEmpty(int row) const
 {
+    const FlexCellStore& cells = flex->cells();
     for (int c = flex->FixedCols(); c < flex->Cols(); ++c) {
-        const QString text = flex->TextMatrix(row, c);
+        const QStringView text = cells.textView(row, c);
         const bool filled = typeOf(c) == eCheckBox ? text == CheckedMarker : !text.isEmpty();
         if (filled)
             return false;
@@ -48,6 +51,8 @@ void VemoGrid::AddItem(const QString& Item, int Index)
         showMessage(MessageId::RefusedEmptyLine);
         return;
     }
+    // One pass for the whole addition: the hosted grid lays out its scroll bars once, at the end.
+    const BulkPass pass(*d, d->flex->Cols());
     int newRow = 0;
     if (Index < 1) {
         d->flex->AddItem(Item);
@@ -86,6 +91,7 @@ void VemoGrid::RemoveItem(int Index)
         return;
     }
     d->commitEdit();
+    const BulkPass pass(*d, qint64(d->flex->Rows() - row) * d->flex->Cols());
     d->removeSortMark();
     d->flex->RemoveItem(row);
     d->colourRows(row);
@@ -106,6 +112,7 @@ void VemoGrid::Clear()
     };
     FlexGrid* const flex = d->flex;
     step([this] { d->commitEdit(); });
+    const BulkPass pass(*d, qint64(flex->Rows()) * flex->Cols());
     step([this] { d->removeSortMark(); });
     const QString format = flex->FormatString();
     const int fixedRows = flex->FixedRows();

@@ -5,7 +5,10 @@
 
 #include "common/VbFormat.h"
 
+#include <QDate>
 #include <QScopeGuard>
+
+#include <optional>
 
 namespace VemoGridLib {
 
@@ -18,13 +21,83 @@ int plainSortSetting(VemoSortTypeConstants type, bool ascending)
     return (int(type) - 1) * 2 + (ascending ? 1 : 2);
 }
 
-/// The hidden key of a `VemoSortDateTime` cell: its text formatted "yyyymmddHhNnSs" (a text
-/// that is no date comes back unchanged and sorts among the keys as text).
-QString dateKey(const QString& text)
+/// Reads `count` digits at `at` (advancing it); -1 when there are fewer.
+int readDigits(QStringView text, qsizetype& at, int minCount, int maxCount)
 {
+    int value = 0;
+    int count = 0;
+    while (count < maxCount && at < text.size() && text[at].isDigit() &&
+           text[at].unicode() < 0x80) {
+        value = value * 10 + (text[at].unicode() - u'0');
+        ++at;
+        ++count;
+    }
+    return count >= minCount ? value : -1;
+}
+
+bool readSeparator(QStringView text, qsizetype& at, QChar separator)
+{
+    if (at >= text.size() || text[at] != separator)
+        return false;
+    ++at;
+    return true;
+}
+
+/// The key of an ISO-style date ("2024-01-05", "2024/1/5", optionally " 13:45" or " 13:45:07"),
+/// the date texts grids mostly hold, read without the general date parser; nothing for any
+/// other text.
+std::optional<QString> isoDateKey(QStringView text)
+{
+    qsizetype at = 0;
+    const int year = readDigits(text, at, 4, 4);
+    if (year < 1000 || at >= text.size())
+        return std::nullopt;
+    const QChar separator = text[at];
+    if (separator != u'-' && separator != u'/')
+        return std::nullopt;
+    ++at;
+    const int month = readDigits(text, at, 1, 2);
+    if (month < 0 || !readSeparator(text, at, separator))
+        return std::nullopt;
+    const int day = readDigits(text, at, 1, 2);
+    if (day < 0 || !QDate::isValid(year, month, day))
+        return std::nullopt;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    if (at < text.size()) {
+        if (!readSeparator(text, at, u' '))
+            return std::nullopt;
+        hour = readDigits(text, at, 1, 2);
+        if (hour < 0 || hour > 23 || !readSeparator(text, at, u':'))
+            return std::nullopt;
+        minute = readDigits(text, at, 2, 2);
+        if (minute < 0 || minute > 59)
+            return std::nullopt;
+        if (at < text.size()) {
+            if (!readSeparator(text, at, u':'))
+                return std::nullopt;
+            second = readDigits(text, at, 2, 2);
+            if (second < 0 || second > 59)
+                return std::nullopt;
+        }
+        if (at != text.size())
+            return std::nullopt;
+    }
+    return QString::asprintf("%04d%02d%02d%02d%02d%02d", year, month, day, hour, minute, second);
+}
+
+} // namespace
+
+QString VemoGridPrivate::dateSortKey(const QString& text)
+{
+    if (std::optional<QString> key = isoDateKey(text))
+        return *key;
     static const QString keyFormat = QStringLiteral("yyyymmddHhNnSs");
     return vb::Format(text, keyFormat);
 }
+
+namespace {
 
 /// The hidden key of a `VemoSortCurrency` cell: its text through the general format.
 QString currencyKey(const QString& text)
@@ -67,8 +140,9 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
         return;
     const VemoSortTypeConstants type = column(col)->SortType();
 
-    suppressEvents = true;
-    flex->setRedraw(false);
+    // Part 1.6 step 8 ends with Redraw on, whatever it was before.
+    const auto redrawAfterwards = qScopeGuard([this] { flex->setRedraw(true); });
+    const BulkPass pass(*this, qint64(flex->Rows()) * flex->Cols());
     const int savedRow = flex->Row();
     const int savedCol = flex->Col();
     const auto finish = qScopeGuard([this, savedRow, savedCol] {
@@ -76,8 +150,6 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
         flex->setCol(savedCol);
         followMarker();
         colourRows(-1);
-        flex->setRedraw(true);
-        suppressEvents = false;
     });
     flex->setRow(0);
 
@@ -107,7 +179,7 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
         sortByKeyColumn(col,
                         ascending ? Flex::flexSortStringNoCaseAscending
                                   : Flex::flexSortStringNoCaseDescending,
-                        dateKey);
+                        dateSortKey);
         break;
     case VemoSortCurrency:
         sortByKeyColumn(

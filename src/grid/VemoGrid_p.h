@@ -18,6 +18,31 @@
 
 namespace VemoGridLib {
 
+class VemoGridPrivate;
+
+/// A bulk pass of Part 1.1 (colouring, check boxes, sorting, row operations), for its scope:
+/// events suppressed and the hosted Redraw off; afterwards Redraw as it was and the suppression
+/// flag cleared (cleared, not restored: `SortOnCol`'s flag ends with the next pass, as Part 1.6
+/// keeps it). The hourglass pointer shows for passes of at least `HourglassCells` cells: a pass
+/// over fewer ends before a pointer could be seen, and setting one costs more than the pass.
+/// Nested passes (a colouring pass inside AddItem) leave all this to the outermost one.
+class BulkPass
+{
+public:
+    static constexpr qint64 HourglassCells = 10000;
+
+    BulkPass(VemoGridPrivate& grid, qint64 cells);
+    ~BulkPass();
+    BulkPass(const BulkPass&) = delete;
+    BulkPass& operator=(const BulkPass&) = delete;
+
+private:
+    VemoGridPrivate& m_grid;
+    const bool m_outermost;
+    const bool m_redraw;
+    const bool m_hourglass;
+};
+
 class VemoGridPrivate
 {
 public:
@@ -49,6 +74,8 @@ public:
     int leftColLimit = 2147483647;
     /// Set by bulk work: no EnterCell / LeaveCell and no editor work while true.
     bool suppressEvents = false;
+    /// Bulk passes running (BulkPass).
+    int bulkDepth = 0;
     /// Set while an editor is being placed (Part 1.3).
     bool editorShowing = false;
     int lastMouseRow = 0;
@@ -121,7 +148,7 @@ public:
     /// Part 1.3's current-cell re-display: shows the editor of the current cell once editors
     /// exist; with none it leaves the hosted grid as it is.
     void redisplayCurrentCell();
-    /// Sets hosted `Row` / `Col` with events suppressed.
+    /// Sets hosted `Row` / `Col` with events suppressed (the flag is then as it was).
     void moveHostedCell(int row, int col);
     /// Connects the hosted grid's events to the grid's handlers.
     void connectHostedGrid();
@@ -141,6 +168,11 @@ public:
     // ---- Part 1.6 steps (VemoGridSort.cpp) ------------------------------------------------------
     /// The sort routine.
     void sort(int col, VemoGridSortMode direction);
+    /// Part 1.6: the hidden key of a `VemoSortDateTime` cell: its text formatted
+    /// "yyyymmddHhNnSs" (a text that is no date comes back unchanged and sorts among the keys).
+    /// ISO-style dates are read directly, without the general date parser, to the same key.
+    /// Exported for the tests.
+    VEMOGRIDLIB_EXPORT static QString dateSortKey(const QString& text);
     /// After a sort: the marked row becomes the row the marker picture moved to.
     void followMarker();
     /// Removes the arrow from the last sorted column's header and forgets that column.

@@ -40,6 +40,8 @@ class tst_VbConversion : public QObject
     Q_OBJECT
 
 private slots:
+    void readPlainDecimalAgreesWithCDbl_data();
+    void readPlainDecimalAgreesWithCDbl();
     void cstr_data();
     void cstr();
     void scanner_data();
@@ -60,6 +62,47 @@ private slots:
     void cbool();
     void specExamples();
 };
+
+void tst_VbConversion::readPlainDecimalAgreesWithCDbl_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("plain");
+    const std::pair<const char*, bool> rows[] = {
+        {"0", true},      {"-0", true},
+        {"12", true},     {" 3.50 ", true},
+        {"+7", true},     {"1,234.50", true},
+        {"1,2,3", true},  {"1,", true},
+        {"5.", true},     {".5", true},
+        {"-1,234", true}, {"\t42\r", true},
+        {"0.1", true},    {"123456789012345678901234567890", true},
+        {"", false},      {" ", false},
+        {",5", false},    {".", false},
+        {"-", false},     {"1.2.3", false},
+        {"1.2,3", false}, {"1e5", false},
+        {"$5", false},    {"(5)", false},
+        {"5-", false},    {"&H10", false},
+        {"abc", false},   {"1 2", false},
+        {"--1", false},
+    };
+    for (const auto& [text, plain] : rows)
+        QTest::newRow(text) << QString::fromUtf8(text) << plain;
+}
+
+void tst_VbConversion::readPlainDecimalAgreesWithCDbl()
+{
+    // The fast reader may decline a numeric text (an exponent, a currency sign), but what it
+    // reads must be exactly what the scanner reads.
+    QFETCH(QString, text);
+    QFETCH(bool, plain);
+    double value = 0;
+    QCOMPARE(ReadPlainDecimal(text, value), plain);
+    if (!plain)
+        return;
+    QVERIFY(IsNumeric(text, VbLocale::EnUS));
+    const double scanned = CDbl(text, VbLocale::EnUS);
+    QCOMPARE(value, scanned);
+    QCOMPARE(std::signbit(value), std::signbit(scanned));
+}
 
 void tst_VbConversion::cstr_data()
 {

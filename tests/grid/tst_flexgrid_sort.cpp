@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <numeric>
 #include <vector>
 
 using namespace VemoGridLib;
@@ -82,6 +83,8 @@ private slots:
 
     void settingsOrderTheKeys_data();
     void settingsOrderTheKeys();
+    void textSortsMatchTheFullComparison_data();
+    void textSortsMatchTheFullComparison();
     void tiesKeepTheirOrder_data();
     void tiesKeepTheirOrder();
     void keyColumnsFromLeftToRight_data();
@@ -177,6 +180,81 @@ void tst_FlexGridSort::settingsOrderTheKeys()
 
     QCOMPARE(dataColumn(grid, 1), expected);
     QCOMPARE(grid.TextMatrix(0, 1), QStringLiteral("Key"));
+}
+
+void tst_FlexGridSort::textSortsMatchTheFullComparison_data()
+{
+    QTest::addColumn<int>("setting");
+    QTest::newRow("no case, ascending") << int(flexSortStringNoCaseAscending);
+    QTest::newRow("no case, descending") << int(flexSortStringNoCaseDescending);
+    QTest::newRow("case, ascending") << int(flexSortStringAscending);
+    QTest::newRow("case, descending") << int(flexSortStringDescending);
+}
+
+void tst_FlexGridSort::textSortsMatchTheFullComparison()
+{
+    // A one-column text sort compares packed prefixes first; the order must still be exactly
+    // that of the full comparison, stable: long shared prefixes, case variants, surrogate pairs
+    // that fold as pairs (Deseret), empty texts, embedded NULs and duplicates.
+    QFETCH(int, setting);
+    const QStringList pool = {
+        QString(),
+        QStringLiteral("abcdefgh"),
+        QStringLiteral("ABCDEFGH"),
+        QStringLiteral("abcdefghi"),
+        QStringLiteral("abcdefgH"),
+        QStringLiteral("abcdefgh1"),
+        QStringLiteral("abcdefgh0"),
+        QStringLiteral("abc"),
+        QStringLiteral("ABC"),
+        QStringLiteral("ab"),
+        QString(QStringLiteral("ab")).append(QChar(0)).append(QStringLiteral("c")),
+        QStringLiteral("zeta"),
+        QStringLiteral("\u00C9cole"),
+        QStringLiteral("\u00E9cole"),
+        QStringLiteral("ecole"),
+        QStringLiteral("\U00010400x"),
+        QStringLiteral("\U00010428x"),
+        QStringLiteral("\U00010428y"),
+        QStringLiteral("\U00010400"),
+        QStringLiteral("\u4E2D\u6587"),
+        QStringLiteral("20240105000000"),
+        QStringLiteral("20240105000001"),
+        QStringLiteral("20231231000000"),
+    };
+    QRandomGenerator random(20261121);
+    QStringList keys;
+    for (int i = 0; i < 400; ++i)
+        keys << pool.at(random.bounded(int(pool.size())));
+
+    FlexGrid grid;
+    grid.setCols(3);
+    grid.setRows(1 + int(keys.size()));
+    for (int i = 0; i < keys.size(); ++i) {
+        grid.setTextMatrix(1 + i, 1, keys.at(i));
+        grid.setTextMatrix(1 + i, 2, QString::number(i));
+    }
+    grid.setRow(0);
+    grid.setCol(1);
+    grid.setSort(setting);
+
+    const bool caseSensitive =
+        setting == flexSortStringAscending || setting == flexSortStringDescending;
+    const bool ascending = setting % 2 == 1;
+    const auto compare = [caseSensitive](const QString& a, const QString& b) {
+        const int folded = a.compare(b, Qt::CaseInsensitive);
+        if (folded != 0 || !caseSensitive)
+            return folded;
+        return -a.compare(b, Qt::CaseSensitive);
+    };
+    std::vector<int> expected(std::size_t(keys.size()));
+    std::iota(expected.begin(), expected.end(), 0);
+    std::stable_sort(expected.begin(), expected.end(), [&](int a, int b) {
+        const int result = compare(keys.at(a), keys.at(b));
+        return ascending ? result < 0 : result > 0;
+    });
+    for (int i = 0; i < keys.size(); ++i)
+        QCOMPARE(grid.TextMatrix(1 + i, 2), QString::number(expected[std::size_t(i)]));
 }
 
 void tst_FlexGridSort::tiesKeepTheirOrder_data()

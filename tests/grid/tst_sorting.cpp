@@ -4,6 +4,9 @@
 #include "grid/FlexCellStore.h"
 #include "grid/FlexGrid.h"
 #include "grid/VemoGrid.h"
+#include "grid/VemoGrid_p.h"
+
+#include "common/VbFormat.h"
 
 #include "VemoTestSupport.h"
 #include <QApplication>
@@ -100,6 +103,8 @@ private slots:
     void explicitDirectionWins();
     void arrowPictures();
     void dateTimeSortsByFourteenDigitKeys();
+    void dateKeyIsTheFormattedText_data();
+    void dateKeyIsTheFormattedText();
     void keyColumnIsGoneAfterwards_data();
     void keyColumnIsGoneAfterwards();
     void sortBelowFixedColsDoesNothing_data();
@@ -405,6 +410,53 @@ void tst_Sorting::dateTimeSortsByFourteenDigitKeys()
 
     m_grid->Sort(KeyCol);
     QCOMPARE(dataColumn(*m_grid, KeyCol), QStringList({"2024-01-05", "2023-12-31"}));
+}
+
+void tst_Sorting::dateKeyIsTheFormattedText_data()
+{
+    QTest::addColumn<QByteArray>("lang");
+    QTest::addColumn<QString>("text");
+    const char* const texts[] = {
+        "2024-01-05",
+        "2023-12-31",
+        "2024-1-5",
+        "2024/02/29",
+        "2024-02-29 13:45",
+        "2024-02-29 13:45:07",
+        "2024-2-3 0:00",
+        "1999-12-31 23:59:59",
+        "2023-02-29",
+        "2024-13-01",
+        "2024-00-10",
+        "2024-01-32",
+        "2024-01-05 24:00",
+        "2024-01-05 12:60",
+        "2024-01-05 1:2",
+        "2024-01-05T10:00",
+        "2024-01/05",
+        "0999-01-01",
+        "12/31/2023",
+        "Jan 5, 2024",
+        "abc",
+        "",
+        "45000",
+        "2024-01-05 ",
+    };
+    for (const QByteArray lang : {QByteArray("en_US.UTF-8"), QByteArray("zh_CN.UTF-8")}) {
+        for (const char* text : texts)
+            QTest::addRow("%s %s", lang.constData(), text) << lang << QString::fromUtf8(text);
+    }
+}
+
+void tst_Sorting::dateKeyIsTheFormattedText()
+{
+    // Part 1.6: the key is the text formatted "yyyymmddHhNnSs"; the grid's direct reading of
+    // ISO-style dates must give exactly what Format gives.
+    QFETCH(QByteArray, lang);
+    QFETCH(QString, text);
+    const VemoTest::ScopedLocale locale(lang);
+    QCOMPARE(VemoGridPrivate::dateSortKey(text),
+             vb::Format(text, QStringLiteral("yyyymmddHhNnSs")));
 }
 
 void tst_Sorting::keyColumnIsGoneAfterwards_data()
