@@ -10,6 +10,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <limits>
 
 namespace VemoGridLib {
 
@@ -494,6 +495,36 @@ void FlexCellStore::setFormatValue(int row, int col, FormatField field, double v
     const std::uint32_t s = d->storageRow(row);
     const std::uint32_t to = d->changedLook(d->lookId(column, s), field, value);
     d->setLookId(column, s, to);
+}
+
+void FlexCellStore::setFormatValueBanded(int col, int firstRow, int lastRow, FormatField field,
+                                         double evenValue, double oddValue, int evenRow)
+{
+    Q_ASSERT(col >= 0 && col < colCount() && firstRow >= 0 && lastRow < rowCount());
+    ColumnStore& column = d->columns[std::size_t(col)];
+    // A column's cells mostly share a look, so each band remembers its last change.
+    struct Change
+    {
+        std::uint32_t from = std::numeric_limits<std::uint32_t>::max();
+        std::uint32_t to = 0;
+    };
+    std::array<Change, 2> last;
+    std::uint64_t generation = d->lookGeneration;
+    for (int r = firstRow; r <= lastRow; ++r) {
+        const bool odd = ((r - evenRow) & 1) != 0;
+        const std::uint32_t s = d->storageRow(r);
+        const std::uint32_t from = d->lookId(column, s);
+        Change& change = last[odd ? 1 : 0];
+        if (from != change.from || generation != d->lookGeneration) {
+            generation = d->lookGeneration;
+            last = {};
+            change = {from, d->changedLook(from, field, odd ? oddValue : evenValue)};
+            // A renumbering inside changedLook makes `from` stale: remember nothing then.
+            if (generation != d->lookGeneration)
+                change = {};
+        }
+        d->setLookId(column, s, change.to);
+    }
 }
 
 int FlexCellStore::rowHeight(int row) const

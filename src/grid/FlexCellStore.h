@@ -68,6 +68,10 @@ public:
     /// Changes one scalar member of a cell's look (colours as their OleColor value, flags as
     /// −1/0/1, sizes in points). Repeated changes of the same kind are served from a cache.
     void setFormatValue(int row, int col, FormatField field, double value);
+    /// `setFormatValue` on rows `firstRow`..`lastRow` of `col`: `evenValue` on rows an even
+    /// distance from `evenRow`, `oddValue` on the others (VemoGrid's banding, Part 1.1).
+    void setFormatValueBanded(int col, int firstRow, int lastRow, FormatField field,
+                              double evenValue, double oddValue, int evenRow);
 
     /// `RowHeight` as set, in twips; −1 = the default height.
     int rowHeight(int row) const;

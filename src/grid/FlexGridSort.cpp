@@ -7,8 +7,11 @@
 #include "common/VemoError.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <limits>
 #include <numeric>
+#include <optional>
 
 namespace VemoGridLib {
 
@@ -115,64 +118,119 @@ std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, i
     return order;
 }
 
-/// A text key's first eight case-folded code units, packed so that comparing two packs orders
-/// as the folded comparison of the texts does wherever the packs differ. A surrogate among those
-/// units folds together with its partner, so such a key is not `exact` and only the full
-/// comparison decides for it.
-struct TextEntry
+/// A text key's first twelve code units (case-folded for the folded comparisons), packed so
+/// that comparing two packs orders as comparing the texts does wherever the packs differ. A
+/// surrogate folds together with its partner, so a folded key with one among those units is not
+/// `exact`, and only the full comparison decides for it.
+struct PackedText
 {
-    quint64 high = 0;
-    quint64 low = 0;
-    std::uint32_t row = 0;
+    static constexpr qsizetype Units = 12;
+
+    std::array<quint64, 3> words{};
+    quint32 length = 0;
     bool exact = true;
+
+    /// The whole text is in the words.
+    bool complete() const { return length <= Units; }
 };
 
-TextEntry textEntry(QStringView text, std::uint32_t row)
+PackedText packText(QStringView text, bool fold)
 {
-    TextEntry entry;
-    entry.row = row;
-    constexpr qsizetype PackedUnits = 8;
-    for (qsizetype i = 0; i < std::min(text.size(), PackedUnits); ++i) {
+    PackedText packed;
+    packed.length = quint32(std::min<qsizetype>(text.size(), std::numeric_limits<quint32>::max()));
+    for (qsizetype i = 0; i < std::min(text.size(), PackedText::Units); ++i) {
         const QChar c = text[i];
-        if (c.isSurrogate())
-            entry.exact = false;
-        const quint64 folded = c.toCaseFolded().unicode();
-        quint64& half = i < 4 ? entry.high : entry.low;
-        half |= folded << (16 * (3 - i % 4));
+        if (fold && c.isSurrogate())
+            packed.exact = false;
+        const quint64 unit = fold ? c.toCaseFolded().unicode() : c.unicode();
+        packed.words[std::size_t(i / 4)] |= unit << (16 * (3 - i % 4));
     }
-    return entry;
+    return packed;
 }
 
-/// The common case of a text sort — one key column — as a sort of packed prefixes; only texts
-/// that agree in their first eight folded units are compared in full. The order is exactly
-/// `compare`'s (whose first criterion is the folded comparison), so the sort stays stable.
-template <typename Compare>
-std::vector<std::uint32_t> textOrder(const FlexCellStore& store, int first, int count, int keyCol,
-                                     bool ascending, Compare compare)
+/// Orders two packed texts where the packs decide: −1, 1, 0 for texts that are equal (only when
+/// `equalIsFinal`: the texts' comparison has nothing after the packed one), or nothing when the
+/// full comparison must decide.
+std::optional<int> comparePacked(const PackedText& a, const PackedText& b, bool equalIsFinal)
 {
-    std::vector<QStringView> texts(static_cast<std::size_t>(count));
-    std::vector<TextEntry> entries(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        texts[std::size_t(i)] = store.textView(first + i, keyCol);
-        entries[std::size_t(i)] = textEntry(texts[std::size_t(i)], std::uint32_t(i));
+    if (!a.exact || !b.exact)
+        return std::nullopt;
+    for (std::size_t i = 0; i < a.words.size(); ++i) {
+        if (a.words[i] != b.words[i])
+            return a.words[i] < b.words[i] ? -1 : 1;
     }
-    const auto order3 = [&](const TextEntry& a, const TextEntry& b) {
-        if (a.exact && b.exact) {
-            if (a.high != b.high)
-                return a.high < b.high ? -1 : 1;
-            if (a.low != b.low)
-                return a.low < b.low ? -1 : 1;
-        }
-        return compare(texts[a.row], texts[b.row]);
-    };
-    std::stable_sort(entries.begin(), entries.end(), [&](const TextEntry& a, const TextEntry& b) {
-        const int result = order3(a, b);
+    // Equal packs of two complete texts: the shorter one (padded with zeros) comes first.
+    if (!a.complete() || !b.complete())
+        return std::nullopt;
+    if (a.length != b.length)
+        return a.length < b.length ? -1 : 1;
+    return equalIsFinal ? std::optional<int>(0) : std::nullopt;
+}
+
+/// Sorts `entries` (each with a `row`) stably by `compare3` and returns the rows in order.
+template <typename Entry, typename Compare3>
+std::vector<std::uint32_t> sortedRows(std::vector<Entry>& entries, bool ascending,
+                                      Compare3 compare3)
+{
+    std::stable_sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
+        const int result = compare3(a, b);
         return ascending ? result < 0 : result > 0;
     });
     std::vector<std::uint32_t> order(entries.size());
     std::transform(entries.begin(), entries.end(), order.begin(),
-                   [](const TextEntry& e) { return e.row; });
+                   [](const Entry& e) { return e.row; });
     return order;
+}
+
+/// The common case of a text sort — one key column — as a sort of packed prefixes; only texts
+/// that the packs cannot tell apart are compared in full. The order is exactly `compare`'s
+/// (whose first criterion is the folded comparison), so the sort stays stable.
+template <typename Compare>
+std::vector<std::uint32_t> textOrder(const FlexCellStore& store, int first, int count, int keyCol,
+                                     bool ascending, Compare compare, bool foldedTieIsFinal)
+{
+    struct Entry
+    {
+        PackedText packed;
+        std::uint32_t row;
+    };
+    std::vector<QStringView> texts(static_cast<std::size_t>(count));
+    std::vector<Entry> entries(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        texts[std::size_t(i)] = store.textView(first + i, keyCol);
+        entries[std::size_t(i)] = {packText(texts[std::size_t(i)], true), std::uint32_t(i)};
+    }
+    return sortedRows(entries, ascending, [&](const Entry& a, const Entry& b) {
+        if (const std::optional<int> packed = comparePacked(a.packed, b.packed, foldedTieIsFinal))
+            return *packed;
+        return compare(texts[a.row], texts[b.row]);
+    });
+}
+
+/// The generic sort on one key column: ranks and numbers as `compareGeneric`, the texts by
+/// packed prefixes of their code units.
+std::vector<std::uint32_t> genericOrder(const FlexCellStore& store, int first, int count,
+                                        int keyCol, bool ascending, vb::VbLocale locale)
+{
+    struct Entry
+    {
+        GenericKey key;
+        PackedText packed;
+        std::uint32_t row;
+    };
+    std::vector<Entry> entries(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const GenericKey key = genericKey(store.textView(first + i, keyCol), locale);
+        entries[std::size_t(i)] = {key, key.rank == 2 ? packText(key.text, false) : PackedText(),
+                                   std::uint32_t(i)};
+    }
+    return sortedRows(entries, ascending, [](const Entry& a, const Entry& b) {
+        if (a.key.rank == 2 && b.key.rank == 2) {
+            if (const std::optional<int> packed = comparePacked(a.packed, b.packed, true))
+                return *packed;
+        }
+        return compareGeneric(a.key, b.key);
+    });
 }
 
 /// Any setting over any number of key columns: keys are prepared per column, then rows are
@@ -248,20 +306,21 @@ void FlexGridPrivate::sort(int setting)
         break;
     case Flex::flexSortGenericAscending:
     case Flex::flexSortGenericDescending:
-        order = keyedOrder<GenericKey>(store, first, count, firstKey, lastKey, ascending, generic,
-                                       compareGeneric);
+        order = firstKey == lastKey ? genericOrder(store, first, count, firstKey, ascending, locale)
+                                    : keyedOrder<GenericKey>(store, first, count, firstKey, lastKey,
+                                                             ascending, generic, compareGeneric);
         break;
     case Flex::flexSortStringNoCaseAscending:
     case Flex::flexSortStringNoCaseDescending:
         order = firstKey == lastKey
-                    ? textOrder(store, first, count, firstKey, ascending, compareNoCase)
+                    ? textOrder(store, first, count, firstKey, ascending, compareNoCase, true)
                     : keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
                                               identity, compareNoCase);
         break;
     case Flex::flexSortStringAscending:
     case Flex::flexSortStringDescending:
         order = firstKey == lastKey
-                    ? textOrder(store, first, count, firstKey, ascending, compareCase)
+                    ? textOrder(store, first, count, firstKey, ascending, compareCase, false)
                     : keyedOrder<QStringView>(store, first, count, firstKey, lastKey, ascending,
                                               identity, compareCase);
         break;

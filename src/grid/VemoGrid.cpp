@@ -114,18 +114,21 @@ void VemoGridPrivate::colourRows(int startRow)
     const int first = std::max(startRow, flex->FixedRows());
     const BulkPass pass(*this, qint64(rows - first) * flex->Cols());
     FlexCellStore& store = FlexGridPrivate::get(flex)->store;
-    for (int c = flex->FixedCols(); c < flex->Cols(); ++c) {
+    const int fixedRows = flex->FixedRows();
+    for (int c = flex->FixedCols(); c < flex->Cols() && first < rows; ++c) {
         const bool numbered =
             userMode && std::size_t(c) < columns.size() && columns[std::size_t(c)]->AutoAdd();
+        const OleColor even = bandColour(fixedRows, c);
+        const OleColor odd = bandColour(fixedRows + 1, c);
+        store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::BackColor, even,
+                                   odd, fixedRows);
         // A check box's marker text stays hidden in its cell's new colour (Part 1.1 draws it
         // in the background colour); the pass would otherwise uncover it.
-        const bool checkBox = userMode && typeOf(c) == eCheckBox;
-        for (int r = first; r < rows; ++r) {
-            const OleColor colour = bandColour(r, c);
-            store.setFormatValue(r, c, FlexCellStore::FormatField::BackColor, colour);
-            if (checkBox)
-                store.setFormatValue(r, c, FlexCellStore::FormatField::ForeColor, colour);
-            if (numbered && store.textView(r, c).isEmpty())
+        if (userMode && typeOf(c) == eCheckBox)
+            store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::ForeColor,
+                                       even, odd, fixedRows);
+        for (int r = first; numbered && r < rows; ++r) {
+            if (store.textView(r, c).isEmpty())
                 flex->setTextMatrix(r, c, QString::number(r));
         }
     }

@@ -8,7 +8,7 @@
 #include <QDate>
 #include <QScopeGuard>
 
-#include <optional>
+#include <array>
 
 namespace VemoGridLib {
 
@@ -43,69 +43,74 @@ bool readSeparator(QStringView text, qsizetype& at, QChar separator)
     return true;
 }
 
+using DateKey = std::array<char16_t, 14>;
+
+/// Writes `value` as `width` decimal digits at `at`.
+void putDigits(DateKey& key, std::size_t at, int value, int width)
+{
+    for (int i = width - 1; i >= 0; --i, value /= 10)
+        key[at + std::size_t(i)] = char16_t(u'0' + value % 10);
+}
+
 /// The key of an ISO-style date ("2024-01-05", "2024/1/5", optionally " 13:45" or " 13:45:07"),
-/// the date texts grids mostly hold, read without the general date parser; nothing for any
-/// other text.
-std::optional<QString> isoDateKey(QStringView text)
+/// the date texts grids mostly hold, read without the general date parser; false for any other
+/// text.
+bool isoDateKey(QStringView text, DateKey& key)
 {
     qsizetype at = 0;
     const int year = readDigits(text, at, 4, 4);
     if (year < 1000 || at >= text.size())
-        return std::nullopt;
+        return false;
     const QChar separator = text[at];
     if (separator != u'-' && separator != u'/')
-        return std::nullopt;
+        return false;
     ++at;
     const int month = readDigits(text, at, 1, 2);
     if (month < 0 || !readSeparator(text, at, separator))
-        return std::nullopt;
+        return false;
     const int day = readDigits(text, at, 1, 2);
     if (day < 0 || !QDate::isValid(year, month, day))
-        return std::nullopt;
+        return false;
     int hour = 0;
     int minute = 0;
     int second = 0;
     if (at < text.size()) {
         if (!readSeparator(text, at, u' '))
-            return std::nullopt;
+            return false;
         hour = readDigits(text, at, 1, 2);
         if (hour < 0 || hour > 23 || !readSeparator(text, at, u':'))
-            return std::nullopt;
+            return false;
         minute = readDigits(text, at, 2, 2);
         if (minute < 0 || minute > 59)
-            return std::nullopt;
+            return false;
         if (at < text.size()) {
             if (!readSeparator(text, at, u':'))
-                return std::nullopt;
+                return false;
             second = readDigits(text, at, 2, 2);
             if (second < 0 || second > 59)
-                return std::nullopt;
+                return false;
         }
         if (at != text.size())
-            return std::nullopt;
+            return false;
     }
-    return QString::asprintf("%04d%02d%02d%02d%02d%02d", year, month, day, hour, minute, second);
+    putDigits(key, 0, year, 4);
+    putDigits(key, 4, month, 2);
+    putDigits(key, 6, day, 2);
+    putDigits(key, 8, hour, 2);
+    putDigits(key, 10, minute, 2);
+    putDigits(key, 12, second, 2);
+    return true;
 }
 
 } // namespace
 
 QString VemoGridPrivate::dateSortKey(const QString& text)
 {
-    if (std::optional<QString> key = isoDateKey(text))
-        return *key;
+    if (DateKey key; isoDateKey(text, key))
+        return QString(reinterpret_cast<const QChar*>(key.data()), qsizetype(key.size()));
     static const QString keyFormat = QStringLiteral("yyyymmddHhNnSs");
     return vb::Format(text, keyFormat);
 }
-
-namespace {
-
-/// The hidden key of a `VemoSortCurrency` cell: its text through the general format.
-QString currencyKey(const QString& text)
-{
-    return vb::Format(text);
-}
-
-} // namespace
 
 void VemoGridPrivate::setPicture(int row, int col, const QPixmap& picture, int alignment)
 {
@@ -120,15 +125,29 @@ void VemoGridPrivate::setPicture(int row, int col, const QPixmap& picture, int a
     hosted->requestRepaint();
 }
 
-void VemoGridPrivate::sortByKeyColumn(int col, int setting, QString (*key)(const QString&))
+void VemoGridPrivate::sortByKeyColumn(int col, int setting, KeyKind kind)
 {
     const int keyCol = flex->Cols();
     flex->setCols(keyCol + 1);
     const auto removeKeys = qScopeGuard([this, keyCol] { flex->setCols(keyCol); });
     flex->setColWidth(keyCol, 0);
-    const FlexCellStore& cells = flex->cells();
-    for (int r = flex->FixedRows(); r < flex->Rows(); ++r)
-        flex->setTextMatrix(r, keyCol, key(cells.text(r, col)));
+    // The keys go straight into the store: the column is hidden and gone before anything draws.
+    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
+    // A view into the store must not be written back into it (a write may move the texts), so a
+    // copied key goes through one reused buffer.
+    QString copy;
+    for (int r = flex->FixedRows(); r < flex->Rows(); ++r) {
+        const QStringView text = store.textView(r, col);
+        if (kind == KeyKind::Currency) {
+            // Format with no format string returns a text unchanged (vb-semantics.md §5).
+            copy.setUnicode(text.data(), text.size());
+            store.setText(r, keyCol, copy);
+        } else if (DateKey key; isoDateKey(text, key)) {
+            store.setText(r, keyCol, QStringView(key.data(), qsizetype(key.size())));
+        } else {
+            store.setText(r, keyCol, dateSortKey(text.toString()));
+        }
+    }
     flex->setCol(keyCol);
     flex->setColSel(keyCol);
     flex->setSort(setting);
@@ -179,12 +198,12 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
         sortByKeyColumn(col,
                         ascending ? Flex::flexSortStringNoCaseAscending
                                   : Flex::flexSortStringNoCaseDescending,
-                        dateSortKey);
+                        KeyKind::Date);
         break;
     case VemoSortCurrency:
         sortByKeyColumn(
             col, ascending ? Flex::flexSortNumericAscending : Flex::flexSortNumericDescending,
-            currencyKey);
+            KeyKind::Currency);
         break;
     default:
         flex->setSort(plainSortSetting(type, ascending));

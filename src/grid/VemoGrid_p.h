@@ -177,8 +177,10 @@ public:
     void followMarker();
     /// Removes the arrow from the last sorted column's header and forgets that column.
     void removeSortMark();
+    /// The hidden key columns of Part 1.6: date keys, or currency keys (the text itself).
+    enum class KeyKind { Date, Currency };
     /// Sorts by a hidden column of keys made from `col`'s texts, with the hosted `setting`.
-    void sortByKeyColumn(int col, int setting, QString (*key)(const QString&));
+    void sortByKeyColumn(int col, int setting, KeyKind kind);
     /// Puts `picture` into a cell's look directly (no current-cell move, no events); an
     /// `alignment` below 0 keeps the cell's picture alignment.
     void setPicture(int row, int col, const QPixmap& picture, int alignment = -1);

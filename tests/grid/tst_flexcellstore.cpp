@@ -148,6 +148,8 @@ class tst_FlexCellStore : public QObject
     Q_OBJECT
 
 private slots:
+    void bandedValuesMatchCellByCell_data();
+    void bandedValuesMatchCellByCell();
     void countsGrowAndShrink();
     void droppedRowsAndColumnsComeBackEmpty();
     void rowAndColumnMetadataDefaults();
@@ -180,6 +182,43 @@ private slots:
 
     void clearCellsEmptiesTextsAndLooksOnly();
 };
+
+void tst_FlexCellStore::bandedValuesMatchCellByCell_data()
+{
+    QTest::addColumn<int>("distinctLooks");
+    QTest::newRow("plain cells") << 0;
+    QTest::newRow("a few looks") << 3;
+    QTest::newRow("every cell its own look") << 5000;
+}
+
+void tst_FlexCellStore::bandedValuesMatchCellByCell()
+{
+    // The banded range write (VemoGrid's colouring pass) must leave every cell as the same
+    // writes one by one would, whatever looks the cells had before.
+    QFETCH(int, distinctLooks);
+    constexpr int Rows = 5000;
+    FlexCellStore banded;
+    FlexCellStore single;
+    for (FlexCellStore* store : {&banded, &single}) {
+        store->setRowCount(Rows);
+        store->setColCount(2);
+        for (int r = 0; distinctLooks > 0 && r < Rows; ++r)
+            store->setFormatValue(r, 1, FlexCellStore::FormatField::FontSize,
+                                  8 + r % distinctLooks);
+    }
+    constexpr OleColor Even = 0xFFFFFF;
+    constexpr OleColor Odd = 0xBFFFFF;
+    banded.setFormatValueBanded(1, 3, Rows - 2, FlexCellStore::FormatField::BackColor, Even, Odd,
+                                2);
+    for (int r = 3; r <= Rows - 2; ++r)
+        single.setFormatValue(r, 1, FlexCellStore::FormatField::BackColor,
+                              (r - 2) % 2 == 0 ? Even : Odd);
+    for (int r = 0; r < Rows; ++r)
+        QVERIFY2(banded.format(r, 1) == single.format(r, 1), qPrintable(QString::number(r)));
+    QCOMPARE(banded.format(4, 1).backColor, Even);
+    QCOMPARE(banded.format(5, 1).backColor, Odd);
+    QCOMPARE(banded.format(2, 1).backColor, OleColor(0));
+}
 
 void tst_FlexCellStore::countsGrowAndShrink()
 {

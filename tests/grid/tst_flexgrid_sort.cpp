@@ -2,6 +2,7 @@
 #include "grid/FlexCellStore.h"
 #include "grid/FlexGrid.h"
 
+#include "common/VbConversion.h"
 #include "common/VemoError.h"
 
 #include "FlexEventLog.h"
@@ -189,6 +190,8 @@ void tst_FlexGridSort::textSortsMatchTheFullComparison_data()
     QTest::newRow("no case, descending") << int(flexSortStringNoCaseDescending);
     QTest::newRow("case, ascending") << int(flexSortStringAscending);
     QTest::newRow("case, descending") << int(flexSortStringDescending);
+    QTest::newRow("generic, ascending") << int(flexSortGenericAscending);
+    QTest::newRow("generic, descending") << int(flexSortGenericDescending);
 }
 
 void tst_FlexGridSort::textSortsMatchTheFullComparison()
@@ -221,6 +224,14 @@ void tst_FlexGridSort::textSortsMatchTheFullComparison()
         QStringLiteral("20240105000000"),
         QStringLiteral("20240105000001"),
         QStringLiteral("20231231000000"),
+        QStringLiteral("10"),
+        QStringLiteral("9"),
+        QStringLiteral("-1"),
+        QStringLiteral("1,000"),
+        QStringLiteral("1e3"),
+        QStringLiteral("abcdefghijklmnop"),
+        QStringLiteral("abcdefghijklmnoq"),
+        QStringLiteral("abcdefghijkl"),
     };
     QRandomGenerator random(20261121);
     QStringList keys;
@@ -240,8 +251,24 @@ void tst_FlexGridSort::textSortsMatchTheFullComparison()
 
     const bool caseSensitive =
         setting == flexSortStringAscending || setting == flexSortStringDescending;
+    const bool generic =
+        setting == flexSortGenericAscending || setting == flexSortGenericDescending;
     const bool ascending = setting % 2 == 1;
-    const auto compare = [caseSensitive](const QString& a, const QString& b) {
+    // The generic order: empty texts, then numbers by value, then other texts by code unit.
+    const auto rank = [](const QString& text) {
+        return text.isEmpty() ? 0 : vb::IsNumeric(text) ? 1 : 2;
+    };
+    const auto compare = [&](const QString& a, const QString& b) {
+        if (generic) {
+            if (rank(a) != rank(b))
+                return rank(a) < rank(b) ? -1 : 1;
+            if (rank(a) == 1) {
+                const double x = vb::CDbl(a);
+                const double y = vb::CDbl(b);
+                return x < y ? -1 : (x > y ? 1 : 0);
+            }
+            return a.compare(b, Qt::CaseSensitive);
+        }
         const int folded = a.compare(b, Qt::CaseInsensitive);
         if (folded != 0 || !caseSensitive)
             return folded;
