@@ -54,6 +54,15 @@ struct LookTransition
     bool valid = false;
 };
 
+/// A remembered `changeFormat`: look `from` became `to` under the change named `key`.
+struct KeyedTransition
+{
+    std::uint32_t from = 0;
+    std::uint32_t to = 0;
+    quint64 key = 0;
+    bool valid = false;
+};
+
 [[noreturn]] void raiseOutOfMemory()
 {
     throw VemoError(Flex::flexerrOutOfMemory, QStringLiteral("Out of memory"));
@@ -93,6 +102,7 @@ struct FlexCellStore::Private
     /// Bumped whenever collectLooks renumbers the looks.
     std::uint64_t lookGeneration = 0;
     std::array<LookTransition, 256> transitions{};
+    std::array<KeyedTransition, 64> keyedTransitions{};
 
     std::uint32_t storageRow(int row) const { return order[std::size_t(row)]; }
 
@@ -255,6 +265,7 @@ struct FlexCellStore::Private
                 setLookId(column, s, remap[lookId(column, s)]);
         }
         transitions.fill(LookTransition());
+        keyedTransitions.fill(KeyedTransition());
         ++lookGeneration;
         lookCollectThreshold = std::max<std::size_t>(65536, looks.size() * 2);
     }
@@ -497,6 +508,31 @@ void FlexCellStore::setFormatValue(int row, int col, FormatField field, double v
     d->setLookId(column, s, to);
 }
 
+void FlexCellStore::changeFormat(int row, int col, quint64 key,
+                                 const std::function<void(FlexCellFormat&)>& change)
+{
+    Q_ASSERT(row >= 0 && row < rowCount() && col >= 0 && col < colCount());
+    ColumnStore& column = d->columns[std::size_t(col)];
+    const std::uint32_t s = d->storageRow(row);
+    const std::uint32_t from = d->lookId(column, s);
+    // Keys (pixmap cache keys) differ in their low bits: the multiplication carries those to
+    // the top bits that pick the slot.
+    KeyedTransition& slot =
+        d->keyedTransitions[((key ^ (quint64(from) << 40)) * 0x9E3779B97F4A7C15ull) >> 58];
+    if (slot.valid && slot.from == from && slot.key == key) {
+        d->setLookId(column, s, slot.to);
+        return;
+    }
+    FlexCellFormat look = d->looks[from];
+    change(look);
+    const std::uint64_t generation = d->lookGeneration;
+    const std::uint32_t to = d->intern(look);
+    // A renumbering inside intern makes `from` stale; the cache was emptied then anyway.
+    if (generation == d->lookGeneration)
+        slot = {from, to, key, true};
+    d->setLookId(column, s, to);
+}
+
 void FlexCellStore::setFormatValueBanded(int col, int firstRow, int lastRow, FormatField field,
                                          double evenValue, double oddValue, int evenRow)
 {
@@ -666,6 +702,7 @@ void FlexCellStore::clearCells()
     d->looks.resize(1);
     d->lookIds.clear();
     d->transitions.fill(LookTransition());
+    d->keyedTransitions.fill(KeyedTransition());
 }
 
 std::size_t FlexCellStore::bytesUsed() const

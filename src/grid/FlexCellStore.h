@@ -9,6 +9,7 @@
 #include <QStringView>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -68,6 +69,11 @@ public:
     /// Changes one scalar member of a cell's look (colours as their OleColor value, flags as
     /// −1/0/1, sizes in points). Repeated changes of the same kind are served from a cache.
     void setFormatValue(int row, int col, FormatField field, double value);
+    /// Applies `change` to the cell's look. `key` names the change: the same key must always
+    /// mean the same change, one that depends on the look alone; the store then remembers what
+    /// each look becomes, as it does for `setFormatValue`.
+    void changeFormat(int row, int col, quint64 key,
+                      const std::function<void(FlexCellFormat&)>& change);
     /// `setFormatValue` on rows `firstRow`..`lastRow` of `col`: `evenValue` on rows an even
     /// distance from `evenRow`, `oddValue` on the others (VemoGrid's banding, Part 1.1).
     void setFormatValueBanded(int col, int firstRow, int lastRow, FormatField field,

@@ -118,15 +118,17 @@ std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, i
     return order;
 }
 
-/// A text key's first twelve code units (case-folded for the folded comparisons), packed so
+/// A text key's first sixteen code units (case-folded for the folded comparisons), packed so
 /// that comparing two packs orders as comparing the texts does wherever the packs differ. A
 /// surrogate folds together with its partner, so a folded key with one among those units is not
 /// `exact`, and only the full comparison decides for it.
 struct PackedText
 {
-    static constexpr qsizetype Units = 12;
+    // Sixteen units hold a whole date key of Part 1.6 (14 digits), so equal dates need no
+    // full comparison.
+    static constexpr qsizetype Units = 16;
 
-    std::array<quint64, 3> words{};
+    std::array<quint64, 4> words{};
     quint32 length = 0;
     bool exact = true;
 

@@ -6,7 +6,6 @@
 #include "grid/VemoGridPictures_p.h"
 
 #include "common/Twips.h"
-#include "common/VbStrings.h"
 #include "common/VemoError.h"
 
 #include <QEvent>
@@ -28,10 +27,14 @@ const QString UncheckedMarker = QStringLiteral("`");
 
 /// Part 1.1 check-box pass: the checked picture unless the trimmed text is empty, "False" or
 /// the program's own unchecked marker.
-bool showsChecked(const QString& text)
+bool showsChecked(QStringView text)
 {
-    const QString trimmed = vb::Trim(text);
-    return !trimmed.isEmpty() && trimmed != QLatin1String("False") && trimmed != UncheckedMarker;
+    // VB's Trim: blanks only.
+    while (!text.isEmpty() && text.front() == u' ')
+        text = text.sliced(1);
+    while (!text.isEmpty() && text.back() == u' ')
+        text.chop(1);
+    return !text.isEmpty() && text != QLatin1String("False") && text != UncheckedMarker;
 }
 
 } // namespace
@@ -138,11 +141,12 @@ void VemoGridPrivate::colourRows(int startRow)
 void VemoGridPrivate::drawCheckBox(int row, int col)
 {
     FlexCellStore& store = FlexGridPrivate::get(flex)->store;
-    FlexCellFormat look = store.format(row, col);
-    look.foreColor = look.backColor;
-    look.picture = showsChecked(store.text(row, col)) ? imgChecked : imgUnchecked;
-    look.pictureAlignment = CheckBoxPictureAlignment;
-    store.setFormat(row, col, look);
+    const QPixmap& picture = showsChecked(store.textView(row, col)) ? imgChecked : imgUnchecked;
+    store.changeFormat(row, col, quint64(picture.cacheKey()), [&picture](FlexCellFormat& look) {
+        look.foreColor = look.backColor;
+        look.picture = picture;
+        look.pictureAlignment = CheckBoxPictureAlignment;
+    });
 }
 
 void VemoGridPrivate::drawCheckBoxes(int col, int row)

@@ -148,6 +148,7 @@ class tst_FlexCellStore : public QObject
     Q_OBJECT
 
 private slots:
+    void keyedChangesFollowEachLook();
     void bandedValuesMatchCellByCell_data();
     void bandedValuesMatchCellByCell();
     void countsGrowAndShrink();
@@ -218,6 +219,33 @@ void tst_FlexCellStore::bandedValuesMatchCellByCell()
     QCOMPARE(banded.format(4, 1).backColor, Even);
     QCOMPARE(banded.format(5, 1).backColor, Odd);
     QCOMPARE(banded.format(2, 1).backColor, OleColor(0));
+}
+
+void tst_FlexCellStore::keyedChangesFollowEachLook()
+{
+    // A remembered change applies per look: cells with different looks under the same key each
+    // get their own result (here the text colour copies each cell's background).
+    FlexCellStore store;
+    store.setRowCount(6);
+    store.setColCount(1);
+    for (int r = 0; r < 6; ++r)
+        store.setFormatValue(r, 0, FlexCellStore::FormatField::BackColor,
+                             r % 2 ? 0xBFFFFF : 0xFFFFFF);
+    QPixmap picture(4, 4);
+    picture.fill(Qt::red);
+    int calls = 0;
+    for (int r = 0; r < 6; ++r) {
+        store.changeFormat(r, 0, 42, [&](FlexCellFormat& look) {
+            ++calls;
+            look.foreColor = look.backColor;
+            look.picture = picture;
+        });
+    }
+    QCOMPARE(calls, 2); // one per distinct look; the other cells reuse the remembered result
+    for (int r = 0; r < 6; ++r) {
+        QCOMPARE(store.format(r, 0).foreColor, store.format(r, 0).backColor);
+        QCOMPARE(store.format(r, 0).picture.cacheKey(), picture.cacheKey());
+    }
 }
 
 void tst_FlexCellStore::countsGrowAndShrink()
