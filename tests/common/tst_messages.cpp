@@ -2,35 +2,16 @@
 // replaceable message and shell handlers.
 #include "common/Messages.h"
 
+#include "MessageRecorder.h"
 #include "VemoTestSupport.h"
 
 #include <QTest>
 
 using namespace VemoGridLib;
+using VemoTest::MessageRecorder;
 
 Q_DECLARE_METATYPE(VemoGridLib::MessageId)
 Q_DECLARE_METATYPE(VemoGridLib::MessageIcon)
-
-namespace {
-
-// Installs a handler that records every message, and puts the previous one back at the end.
-class MessageRecorder
-{
-public:
-    MessageRecorder()
-        : m_previous(setMessageHandler([this](const Message& m) { messages.append(m); }))
-    {}
-    ~MessageRecorder() { setMessageHandler(m_previous); }
-    MessageRecorder(const MessageRecorder&) = delete;
-    MessageRecorder& operator=(const MessageRecorder&) = delete;
-
-    QList<Message> messages;
-
-private:
-    MessageHandler m_previous;
-};
-
-} // namespace
 
 class tst_Messages : public QObject
 {

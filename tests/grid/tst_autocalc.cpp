@@ -5,6 +5,7 @@
 #include "grid/FlexGrid.h"
 #include "grid/VemoGrid.h"
 
+#include "MessageRecorder.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QSignalSpy>
@@ -13,6 +14,7 @@
 #include <memory>
 
 using namespace VemoGridLib;
+using VemoTest::MessageRecorder;
 
 Q_DECLARE_METATYPE(VemoGridLib::MessageIcon)
 
@@ -27,24 +29,6 @@ constexpr int Operand2 = 2;
 constexpr int Result = 3;
 constexpr int Other = 4;
 constexpr qint32 DivisionByZero = 11;
-
-// Installs a handler that records every message and puts the previous one back at the end, so
-// that no test can block on a modal message box.
-class MessageRecorder
-{
-public:
-    MessageRecorder()
-        : m_previous(setMessageHandler([this](const Message& m) { messages.append(m); }))
-    {}
-    ~MessageRecorder() { setMessageHandler(m_previous); }
-    MessageRecorder(const MessageRecorder&) = delete;
-    MessageRecorder& operator=(const MessageRecorder&) = delete;
-
-    QList<Message> messages;
-
-private:
-    MessageHandler m_previous;
-};
 
 int px(int twips)
 {

@@ -6,6 +6,7 @@
 #include "grid/FlexGrid.h"
 #include "grid/VemoGrid.h"
 
+#include "MessageRecorder.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QScopeGuard>
@@ -14,6 +15,7 @@
 #include <memory>
 
 using namespace VemoGridLib;
+using VemoTest::MessageRecorder;
 
 Q_DECLARE_METATYPE(VemoGridLib::MessageIcon)
 
@@ -27,24 +29,6 @@ constexpr OleColor Band2 = 0xBFFFFF; // BackColor2 default: odd data rows
 constexpr OleColor HyperlinkBlue = 0xFF0000;
 const QString Checked = QStringLiteral(".");
 const QString Unchecked = QStringLiteral("`");
-
-// Installs a handler that records every message and puts the previous one back at the end, so
-// that no test can block on a modal message box.
-class MessageRecorder
-{
-public:
-    MessageRecorder()
-        : m_previous(setMessageHandler([this](const Message& m) { messages.append(m); }))
-    {}
-    ~MessageRecorder() { setMessageHandler(m_previous); }
-    MessageRecorder(const MessageRecorder&) = delete;
-    MessageRecorder& operator=(const MessageRecorder&) = delete;
-
-    QList<Message> messages;
-
-private:
-    MessageHandler m_previous;
-};
 
 int px(int twips)
 {

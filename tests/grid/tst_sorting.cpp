@@ -8,6 +8,7 @@
 
 #include "common/VbFormat.h"
 
+#include "MessageRecorder.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QScopeGuard>
@@ -18,6 +19,7 @@
 #include <memory>
 
 using namespace VemoGridLib;
+using VemoTest::MessageRecorder;
 
 namespace {
 
@@ -31,22 +33,6 @@ constexpr int LabelCol = 2;
 constexpr int SecondCol = 3;
 
 // Installs a handler that records every message and puts the previous one back at the end.
-class MessageRecorder
-{
-public:
-    MessageRecorder()
-        : m_previous(setMessageHandler([this](const Message& m) { messages.append(m); }))
-    {}
-    ~MessageRecorder() { setMessageHandler(m_previous); }
-    MessageRecorder(const MessageRecorder&) = delete;
-    MessageRecorder& operator=(const MessageRecorder&) = delete;
-
-    QList<Message> messages;
-
-private:
-    MessageHandler m_previous;
-};
-
 int px(int twips)
 {
     return twips / TwipsPerPixel;
