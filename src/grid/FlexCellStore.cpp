@@ -356,8 +356,14 @@ struct FlexCellStore::Private
             freeRows.pop_back();
             return s;
         }
-        growStorage(1);
-        return storageRows - 1;
+        // Rows added one by one (AddItem) grow the storage in blocks, the spare rows waiting
+        // in freeRows, lowest first: one resize of every vector per block, not per row.
+        const std::uint32_t first = storageRows;
+        const std::uint32_t block = std::max<std::uint32_t>(16, storageRows / 8);
+        growStorage(block);
+        for (std::uint32_t s = first + block - 1; s > first; --s)
+            freeRows.push_back(s);
+        return first;
     }
 
     void appendRows(std::uint32_t count)

@@ -801,11 +801,13 @@ void FlexGrid::AddItem(const QString& item, int index)
     const QStringView text(item);
     qsizetype start = 0;
     for (int c = 0; c < Cols(); ++c) {
-        const qsizetype tab = text.indexOf(u'\t', start);
-        d->store.setText(index, c, text.sliced(start, (tab < 0 ? text.size() : tab) - start));
-        if (tab < 0)
+        qsizetype end = start;
+        while (end < text.size() && text[end] != u'\t')
+            ++end;
+        d->store.setText(index, c, text.sliced(start, end - start));
+        if (end == text.size())
             break;
-        start = tab + 1;
+        start = end + 1;
     }
     d->relayout();
 }

@@ -263,10 +263,11 @@ void VemoGridPrivate::onHostedLeaveCell()
 
 void VemoGridPrivate::onHostedEnterCell()
 {
-    lastMouseCol = flex->MouseCol();
-    lastMouseRow = flex->MouseRow();
+    // The grid's own moves (bulk work) are not where the mouse is: nothing to record then.
     if (suppressEvents)
         return;
+    lastMouseCol = flex->MouseCol();
+    lastMouseRow = flex->MouseRow();
     int rowSel = flex->RowSel();
     int colSel = flex->ColSel();
     QString value;
