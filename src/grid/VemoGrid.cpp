@@ -101,33 +101,31 @@ void VemoGridPrivate::resizeColumns(int cols)
         columns[c] = new VemoGridLib::Column(q);
 }
 
-OleColor VemoGridPrivate::bandColour(int row, int col) const
-{
-    const bool odd = (row - flex->FixedRows()) % 2 != 0;
-    const OleColor band = odd ? backColor2 : backColor1;
-    if (!userMode || col < 0 || std::size_t(col) >= columns.size())
-        return band;
-    const VemoGridLib::Column* c = columns[std::size_t(col)];
-    return c->Locked() || c->AutoAdd() ? readOnlyColor : band;
-}
-
 void VemoGridPrivate::colourRows(int startRow)
 {
     const int rows = flex->Rows();
-    const int first = std::max(startRow, flex->FixedRows());
-    const BulkPass pass(*this, qint64(rows - first) * flex->Cols());
-    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
+    const int cols = flex->Cols();
     const int fixedRows = flex->FixedRows();
-    for (int c = flex->FixedCols(); c < flex->Cols() && first < rows; ++c) {
-        const bool numbered =
-            userMode && std::size_t(c) < columns.size() && columns[std::size_t(c)]->AutoAdd();
-        const OleColor even = bandColour(fixedRows, c);
-        const OleColor odd = bandColour(fixedRows + 1, c);
+    const int first = std::max(startRow, fixedRows);
+    if (first >= rows) {
+        coloredRows = rows;
+        return;
+    }
+    const BulkPass pass(*this, qint64(rows - first) * cols);
+    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
+    for (int c = flex->FixedCols(); c < cols; ++c) {
+        // At design time, and for a column without its Column, every column is banded.
+        const VemoGridLib::Column* const column =
+            userMode && std::size_t(c) < columns.size() ? columns[std::size_t(c)] : nullptr;
+        const bool numbered = column && column->AutoAdd();
+        const bool readOnly = numbered || (column && column->Locked());
+        const OleColor even = readOnly ? readOnlyColor : backColor1;
+        const OleColor odd = readOnly ? readOnlyColor : backColor2;
         store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::BackColor, even,
                                    odd, fixedRows);
         // A check box's marker text stays hidden in its cell's new colour (Part 1.1 draws it
         // in the background colour); the pass would otherwise uncover it.
-        if (userMode && typeOf(c) == eCheckBox)
+        if (column && column->colType() == eCheckBox)
             store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::ForeColor,
                                        even, odd, fixedRows);
         for (int r = first; numbered && r < rows; ++r) {
@@ -201,8 +199,11 @@ void VemoGridPrivate::moveMarker(int row)
 
 void VemoGridPrivate::leaveCell()
 {
-    if (!suppressEvents)
-        Q_EMIT q->LeaveCell();
+    // Part 1.7: while events are suppressed there is no LeaveCell and no computation either
+    // (and the commit does nothing then, Part 1.3).
+    if (suppressEvents)
+        return;
+    Q_EMIT q->LeaveCell();
     if (editEnable) {
         commitEdit();
         autoCalculate();

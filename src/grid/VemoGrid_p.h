@@ -131,16 +131,14 @@ public:
     void drawCheckBoxes(int col, int row);
     /// The hidden-text, picture look of one check-box cell (in the store, no events).
     void drawCheckBox(int row, int col);
-    /// The band or read-only colour of a data cell, as the colouring pass gives it.
-    OleColor bandColour(int row, int col) const;
     /// Lays the hosted grid out over the control with the 60-twip margin.
     void layoutHostedGrid();
     /// The hosted grid's frame from `BorderStyle` and `Appearance`.
     void applyFrame();
     /// Moves the current-row marker to `row` (0 removes it), events suppressed.
     void moveMarker(int row);
-    /// The leave-cell step of Part 1.3: `LeaveCell` unless suppressed, then with `EditEnable`
-    /// the editor commit and the auto-calculation.
+    /// The leave-cell step of Parts 1.3 and 1.7: unless events are suppressed, `LeaveCell`, then
+    /// with `EditEnable` the editor commit and the auto-calculation.
     void leaveCell();
     /// Part 1.3's editor commit. With no editor open (until the cell editors arrive, always)
     /// it does nothing, and nothing while events are suppressed.

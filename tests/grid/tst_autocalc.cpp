@@ -63,6 +63,7 @@ private slots:
     void settingsOffComputeNothing_data();
     void settingsOffComputeNothing();
     void editEnableFalseComputesNothing();
+    void suppressedEventsComputeNothing();
     void divisionByZeroFromCodeRaises_data();
     void divisionByZeroFromCodeRaises();
     void divisionByZeroFromUserIsContained();
@@ -532,6 +533,26 @@ void tst_AutoCalc::editEnableFalseComputesNothing()
 
     m_grid->setEditEnable(true);
     m_grid->setRow(1);
+    m_grid->setCol(Operand1);
+    m_grid->setCol(Other);
+    QCOMPARE(m_grid->TextMatrix(1, Result), QStringLiteral("5"));
+}
+
+void tst_AutoCalc::suppressedEventsComputeNothing()
+{
+    // Part 1.7: the computation belongs to the leave-cell work that suppression switches off;
+    // SortOnCol leaves the flag set until the next sort.
+    build(QStringLiteral("+"));
+    setOperands(QStringLiteral("2"), QStringLiteral("3"));
+    m_grid->setRow(1);
+    m_grid->setCol(Operand1);
+    m_grid->hostedGrid()->setTextMatrix(1, Result, QString()); // computed on the way here
+    m_grid->SortOnCol(Operand1, VemoSortNone);
+
+    m_grid->setCol(Other);
+    QCOMPARE(m_grid->TextMatrix(1, Result), QString());
+
+    m_grid->Sort(Other); // a sort, even of a column without a SortType, clears the flag
     m_grid->setCol(Operand1);
     m_grid->setCol(Other);
     QCOMPARE(m_grid->TextMatrix(1, Result), QStringLiteral("5"));
