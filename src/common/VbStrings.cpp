@@ -78,7 +78,17 @@ int textCompareInStr(int start, const QString& s1, const QString& s2)
 
 QString Trim(const QString& text)
 {
-    return LTrim(RTrim(text));
+    const QStringView trimmed = TrimmedView(text);
+    return trimmed.size() == text.size() ? text : trimmed.toString();
+}
+
+QStringView TrimmedView(QStringView text)
+{
+    while (!text.isEmpty() && text.front() == u' ')
+        text = text.sliced(1);
+    while (!text.isEmpty() && text.back() == u' ')
+        text.chop(1);
+    return text;
 }
 
 QString LTrim(const QString& text)

@@ -15,6 +15,8 @@ enum CompareMethod : int {
 
 /// `Trim`: removes U+0020 spaces only, at both ends (§2).
 VEMOGRIDLIB_EXPORT QString Trim(const QString& text);
+/// `Trim` as a view into `text`, for callers that read a million cells and copy none.
+VEMOGRIDLIB_EXPORT QStringView TrimmedView(QStringView text);
 /// `LTrim`: removes leading U+0020 spaces only.
 VEMOGRIDLIB_EXPORT QString LTrim(const QString& text);
 /// `RTrim`: removes trailing U+0020 spaces only.

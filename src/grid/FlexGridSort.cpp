@@ -92,6 +92,21 @@ bool isAscending(int setting)
     return setting % 2 == 1;
 }
 
+/// Sorts `entries` (each with a `row`) stably by `compare3` and returns the rows in order.
+template <typename Entry, typename Compare3>
+std::vector<std::uint32_t> sortedRows(std::vector<Entry>& entries, bool ascending,
+                                      Compare3 compare3)
+{
+    std::stable_sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
+        const int result = compare3(a, b);
+        return ascending ? result < 0 : result > 0;
+    });
+    std::vector<std::uint32_t> order(entries.size());
+    std::transform(entries.begin(), entries.end(), order.begin(),
+                   [](const Entry& e) { return e.row; });
+    return order;
+}
+
 /// The common case — one numeric key — as a sort of (key, row) pairs, close to a plain sort of
 /// doubles.
 std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, int count,
@@ -106,16 +121,8 @@ std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, i
     for (int i = 0; i < count; ++i)
         entries[std::size_t(i)] = {numberOrZero(store.textView(first + i, keyCol), locale),
                                    std::uint32_t(i)};
-    if (ascending)
-        std::stable_sort(entries.begin(), entries.end(),
-                         [](const Entry& a, const Entry& b) { return a.key < b.key; });
-    else
-        std::stable_sort(entries.begin(), entries.end(),
-                         [](const Entry& a, const Entry& b) { return b.key < a.key; });
-    std::vector<std::uint32_t> order(entries.size());
-    std::transform(entries.begin(), entries.end(), order.begin(),
-                   [](const Entry& e) { return e.row; });
-    return order;
+    return sortedRows(entries, ascending,
+                      [](const Entry& a, const Entry& b) { return sign(a.key - b.key); });
 }
 
 /// A text key's first sixteen code units (case-folded for the folded comparisons), packed so
@@ -167,21 +174,6 @@ std::optional<int> comparePacked(const PackedText& a, const PackedText& b, bool 
     if (a.length != b.length)
         return a.length < b.length ? -1 : 1;
     return equalIsFinal ? std::optional<int>(0) : std::nullopt;
-}
-
-/// Sorts `entries` (each with a `row`) stably by `compare3` and returns the rows in order.
-template <typename Entry, typename Compare3>
-std::vector<std::uint32_t> sortedRows(std::vector<Entry>& entries, bool ascending,
-                                      Compare3 compare3)
-{
-    std::stable_sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
-        const int result = compare3(a, b);
-        return ascending ? result < 0 : result > 0;
-    });
-    std::vector<std::uint32_t> order(entries.size());
-    std::transform(entries.begin(), entries.end(), order.begin(),
-                   [](const Entry& e) { return e.row; });
-    return order;
 }
 
 /// The common case of a text sort — one key column — as a sort of packed prefixes; only texts

@@ -6,6 +6,7 @@
 #include "grid/VemoGridPictures_p.h"
 
 #include "common/Twips.h"
+#include "common/VbStrings.h"
 #include "common/VemoError.h"
 
 #include <QEvent>
@@ -13,6 +14,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <functional>
 
 namespace VemoGridLib {
 
@@ -29,12 +31,8 @@ const QString UncheckedMarker = QStringLiteral("`");
 /// the program's own unchecked marker.
 bool showsChecked(QStringView text)
 {
-    // VB's Trim: blanks only.
-    while (!text.isEmpty() && text.front() == u' ')
-        text = text.sliced(1);
-    while (!text.isEmpty() && text.back() == u' ')
-        text.chop(1);
-    return !text.isEmpty() && text != QLatin1String("False") && text != UncheckedMarker;
+    const QStringView trimmed = vb::TrimmedView(text);
+    return !trimmed.isEmpty() && trimmed != QLatin1String("False") && trimmed != UncheckedMarker;
 }
 
 } // namespace
@@ -107,10 +105,8 @@ void VemoGridPrivate::colourRows(int startRow)
     const int cols = flex->Cols();
     const int fixedRows = flex->FixedRows();
     const int first = std::max(startRow, fixedRows);
-    if (first >= rows) {
-        coloredRows = rows;
+    if (first >= rows)
         return;
-    }
     const BulkPass pass(*this, qint64(rows - first) * cols);
     FlexCellStore& store = FlexGridPrivate::get(flex)->store;
     for (int c = flex->FixedCols(); c < cols; ++c) {
@@ -133,7 +129,13 @@ void VemoGridPrivate::colourRows(int startRow)
                 flex->setTextMatrix(r, c, QString::number(r));
         }
     }
-    coloredRows = rows;
+}
+
+void VemoGridPrivate::setColour(OleColor& field, OleColor color, const QString& name)
+{
+    field = color;
+    colourRows(-1);
+    changed(name);
 }
 
 void VemoGridPrivate::drawCheckBox(int row, int col)
@@ -187,6 +189,19 @@ void VemoGridPrivate::applyFrame()
         flex->setFrameStyle(QFrame::Panel | QFrame::Sunken);
 }
 
+void VemoGridPrivate::setPicture(int row, int col, const QPixmap& picture, int alignment)
+{
+    FlexGridPrivate* hosted = FlexGridPrivate::get(flex);
+    if (row < 0 || row >= flex->Rows() || col < 0 || col >= flex->Cols())
+        return;
+    FlexCellFormat look = hosted->store.format(row, col);
+    look.picture = picture;
+    if (alignment >= 0)
+        look.pictureAlignment = std::int8_t(alignment);
+    hosted->store.setFormat(row, col, look);
+    hosted->requestRepaint();
+}
+
 void VemoGridPrivate::moveMarker(int row)
 {
     if (markedRow >= flex->FixedRows())
@@ -208,6 +223,15 @@ void VemoGridPrivate::leaveCell()
         commitEdit();
         autoCalculate();
     }
+}
+
+void VemoGridPrivate::leaveThenMove(const std::function<void()>& move)
+{
+    leaveCell();
+    // The hosted grid's own LeaveCell for this move is the step just run, not a second one.
+    leaveAlreadyDone = true;
+    const auto reset = qScopeGuard([this] { leaveAlreadyDone = false; });
+    move();
 }
 
 void VemoGridPrivate::commitEdit()
@@ -424,11 +448,7 @@ int VemoGrid::Row() const
 
 void VemoGrid::setRow(int row)
 {
-    d->leaveCell();
-    // The hosted grid's own LeaveCell for this move is the step just run, not a second one.
-    d->leaveAlreadyDone = true;
-    const auto reset = qScopeGuard([this] { d->leaveAlreadyDone = false; });
-    d->flex->setRow(row);
+    d->leaveThenMove([this, row] { d->flex->setRow(row); });
 }
 
 int VemoGrid::Col() const
@@ -438,10 +458,7 @@ int VemoGrid::Col() const
 
 void VemoGrid::setCol(int col)
 {
-    d->leaveCell();
-    d->leaveAlreadyDone = true;
-    const auto reset = qScopeGuard([this] { d->leaveAlreadyDone = false; });
-    d->flex->setCol(col);
+    d->leaveThenMove([this, col] { d->flex->setCol(col); });
 }
 
 int VemoGrid::Rowsel() const
@@ -649,10 +666,7 @@ OleColor VemoGrid::BackColor1() const
 
 void VemoGrid::setBackColor1(OleColor color)
 {
-    d->backColor1 = color;
-    d->colourRows(-1);
-    d->drawCheckBoxes(-1, -1);
-    d->changed(QStringLiteral("BackColor1"));
+    d->setColour(d->backColor1, color, QStringLiteral("BackColor1"));
 }
 
 OleColor VemoGrid::BackColor2() const
@@ -662,10 +676,7 @@ OleColor VemoGrid::BackColor2() const
 
 void VemoGrid::setBackColor2(OleColor color)
 {
-    d->backColor2 = color;
-    d->colourRows(-1);
-    d->drawCheckBoxes(-1, -1);
-    d->changed(QStringLiteral("BackColor2"));
+    d->setColour(d->backColor2, color, QStringLiteral("BackColor2"));
 }
 
 OleColor VemoGrid::ReadOnlyColor() const
@@ -675,10 +686,7 @@ OleColor VemoGrid::ReadOnlyColor() const
 
 void VemoGrid::setReadOnlyColor(OleColor color)
 {
-    d->readOnlyColor = color;
-    d->colourRows(-1);
-    d->drawCheckBoxes(-1, -1);
-    d->changed(QStringLiteral("ReadOnlyColor"));
+    d->setColour(d->readOnlyColor, color, QStringLiteral("ReadOnlyColor"));
 }
 
 bool VemoGrid::AssignCellColorSel() const
@@ -722,7 +730,6 @@ bool VemoGrid::Redraw() const
 void VemoGrid::setRedraw(bool redraw)
 {
     d->flex->setRedraw(redraw);
-    d->redraw = redraw;
     d->changed(QStringLiteral("Redraw"));
 }
 

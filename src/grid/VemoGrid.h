@@ -279,7 +279,7 @@ public:
     void setCellBackColorSel(OleColor color);
     OleColor CellForeColorSel() const;
     void setCellForeColorSel(OleColor color);
-    /// Part 1.1: the hosted `Redraw`, with a copy kept by the grid.
+    /// Part 1.1: the hosted `Redraw` (the grid's mirror of it is the hosted value itself).
     bool Redraw() const;
     void setRedraw(bool redraw);
     /// Ours: any value the host keeps with the control.

@@ -60,11 +60,10 @@ QString borrowed(QStringView text)
     return QString::fromRawData(text.data(), text.size());
 }
 
-/// VB's Trim; a text without surrounding blanks, the usual case, is not copied.
+/// VB's Trim, sharing the cell's characters.
 QString trimmed(QStringView text)
 {
-    const bool blankAround = !text.isEmpty() && (text.front() == u' ' || text.back() == u' ');
-    return blankAround ? vb::Trim(text.toString()) : borrowed(text);
+    return borrowed(vb::TrimmedView(text));
 }
 
 void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, ColumnKind kind,

@@ -112,19 +112,6 @@ QString VemoGridPrivate::dateSortKey(const QString& text)
     return vb::Format(text, keyFormat);
 }
 
-void VemoGridPrivate::setPicture(int row, int col, const QPixmap& picture, int alignment)
-{
-    FlexGridPrivate* hosted = FlexGridPrivate::get(flex);
-    if (row < 0 || row >= flex->Rows() || col < 0 || col >= flex->Cols())
-        return;
-    FlexCellFormat look = hosted->store.format(row, col);
-    look.picture = picture;
-    if (alignment >= 0)
-        look.pictureAlignment = std::int8_t(alignment);
-    hosted->store.setFormat(row, col, look);
-    hosted->requestRepaint();
-}
-
 void VemoGridPrivate::sortByKeyColumn(int col, int setting, KeyKind kind)
 {
     const int keyCol = flex->Cols();

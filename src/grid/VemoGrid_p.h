@@ -13,6 +13,7 @@
 #include <QPixmap>
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -62,7 +63,6 @@ public:
     bool editEnable = true;
     bool autoGrow = true;
     bool nullLine = true;
-    bool redraw = true;
     bool lunarCalendar = false;
     VemoGridScrollType scrollType = VemoScrollAuto;
     short scrollNum = 3;
@@ -80,8 +80,6 @@ public:
     bool editorShowing = false;
     int lastMouseRow = 0;
     int lastMouseCol = 0;
-    /// Rows the last colouring pass reached (Part 1.1 step 4).
-    int coloredRows = 1;
     QVariant tag;
 
     OleColor backColor1 = 0xFFFFFF;
@@ -125,6 +123,8 @@ public:
     VemoGridColType typeOf(int col) const;
     /// Resizes the `Column` array to `cols`, keeping existing objects.
     void resizeColumns(int cols);
+    /// Sets a band or read-only colour, recolours the data rows and reports `name`.
+    void setColour(OleColor& field, OleColor color, const QString& name);
     /// The colouring pass from `startRow` (−1 = the whole grid) to the last row.
     void colourRows(int startRow);
     /// The check-box drawing pass for (`row`, `col`); −1 / a row below 1 = all.
@@ -140,6 +140,8 @@ public:
     /// The leave-cell step of Parts 1.3 and 1.7: unless events are suppressed, `LeaveCell`, then
     /// with `EditEnable` the editor commit and the auto-calculation.
     void leaveCell();
+    /// The grid's own `Row`/`Col` setters: the leave-cell step, then `move` of the hosted cell.
+    void leaveThenMove(const std::function<void()>& move);
     /// Part 1.3's editor commit. With no editor open (until the cell editors arrive, always)
     /// it does nothing, and nothing while events are suppressed.
     void commitEdit();
