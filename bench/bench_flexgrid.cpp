@@ -8,6 +8,7 @@
 #include "common/Twips.h"
 
 #include "RatioReporter.h"
+#include "ThreadCpuTimer.h"
 
 #include <benchmark/benchmark.h>
 
@@ -23,7 +24,6 @@
 #include <QTableWidget>
 
 #include <malloc.h>
-#include <time.h>
 
 #include <algorithm>
 #include <array>
@@ -55,28 +55,6 @@ constexpr OleColor evenBandColor = 0xFFFFFF;
 constexpr OleColor oddBandColor = 0xBFFFFF;
 
 // ---- measuring ------------------------------------------------------------------------------
-
-/// CPU time of the calling thread. The machine is shared with other people's compilers, so
-/// wall time would add their load; every measured piece of work here runs on the main thread.
-class ThreadCpuTimer
-{
-public:
-    ThreadCpuTimer()
-        : m_start(now())
-    {}
-
-    double elapsedSeconds() const { return now() - m_start; }
-
-private:
-    static double now()
-    {
-        timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
-    }
-
-    double m_start;
-};
 
 /// Heap bytes in use, taken the same way for every peer: glibc's arena plus mmapped blocks.
 double heapBytesInUse()

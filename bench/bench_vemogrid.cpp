@@ -12,6 +12,7 @@
 #include "common/VemoEnums.h"
 
 #include "RatioReporter.h"
+#include "ThreadCpuTimer.h"
 
 #include <benchmark/benchmark.h>
 
@@ -21,8 +22,6 @@
 #include <QFile>
 #include <QTableWidget>
 #include <QTemporaryDir>
-
-#include <time.h>
 
 #include <algorithm>
 #include <array>
@@ -57,31 +56,6 @@ constexpr int autoAddCol = 6;
 constexpr OleColor evenBandColor = 0xFFFFFF;
 constexpr OleColor oddBandColor = 0xBFFFFF;
 constexpr OleColor readOnlyColor = 0xDFDFC0;
-
-// ---- measuring ------------------------------------------------------------------------------
-
-/// CPU time of the calling thread: other engineers compile on the same two cores, and wall time
-/// would charge their load to whichever benchmark happens to run. All measured work (file
-/// writes into the page cache included) runs on the main thread.
-class ThreadCpuTimer
-{
-public:
-    ThreadCpuTimer()
-        : m_start(now())
-    {}
-
-    double elapsedSeconds() const { return now() - m_start; }
-
-private:
-    static double now()
-    {
-        timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
-    }
-
-    double m_start;
-};
 
 // ---- the data every peer receives ------------------------------------------------------------
 

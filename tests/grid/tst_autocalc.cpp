@@ -6,6 +6,7 @@
 #include "grid/VemoGrid.h"
 
 #include "MessageRecorder.h"
+#include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QSignalSpy>
@@ -14,13 +15,12 @@
 #include <memory>
 
 using namespace VemoGridLib;
-using VemoTest::MessageRecorder;
+using namespace VemoTest;
 
 Q_DECLARE_METATYPE(VemoGridLib::MessageIcon)
 
 namespace {
 
-constexpr int TwipsPerPixel = 15; // the offscreen platform's 96 dpi
 constexpr int RowHeightTwips = 300;
 constexpr int ColWidthTwips = 1200;
 // The layout of every test: operands in columns 1 and 2, the result in 3, column 4 unrelated.
@@ -29,11 +29,6 @@ constexpr int Operand2 = 2;
 constexpr int Result = 3;
 constexpr int Other = 4;
 constexpr qint32 DivisionByZero = 11;
-
-int px(int twips)
-{
-    return twips / TwipsPerPixel;
-}
 
 } // namespace
 
@@ -74,7 +69,6 @@ private:
     void build(const QString& op = QStringLiteral("*"));
     /// Writes the operands of row 1 (the typed writes compute nothing).
     void setOperands(const QString& a, const QString& b);
-    void clickCell(int row, int col);
 
     std::unique_ptr<VemoGrid> m_grid;
     std::unique_ptr<MessageRecorder> m_recorder;
@@ -88,10 +82,8 @@ void tst_AutoCalc::initTestCase()
 void tst_AutoCalc::init()
 {
     m_recorder = std::make_unique<MessageRecorder>();
-    m_grid = std::make_unique<VemoGrid>();
-    m_grid->resize(700, 360);
-    m_grid->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));
+    m_grid = shownGrid();
+    QVERIFY(m_grid);
 }
 
 void tst_AutoCalc::cleanup()
@@ -122,14 +114,6 @@ void tst_AutoCalc::setOperands(const QString& a, const QString& b)
 {
     m_grid->setTextMatrix(1, Operand1, a);
     m_grid->setTextMatrix(1, Operand2, b);
-}
-
-void tst_AutoCalc::clickCell(int row, int col)
-{
-    const FlexGrid* const flex = m_grid->hostedGrid();
-    const QPoint centre(px(flex->ColPos(col) + flex->ColWidth(col) / 2),
-                        px(flex->RowPos(row) + flex->RowHeight(row) / 2));
-    QTest::mouseClick(flex->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
 }
 
 // ---- settings ---------------------------------------------------------------------------------
@@ -433,9 +417,9 @@ void tst_AutoCalc::userLeavingACellTriggers()
     flex->setFocus();
 
     if (action == QLatin1String("click row"))
-        clickCell(3, Other);
+        clickCell(*m_grid, 3, Other);
     else if (action == QLatin1String("click col"))
-        clickCell(1, Other);
+        clickCell(*m_grid, 1, Other);
     else if (action == QLatin1String("right"))
         QTest::keyClick(flex, Qt::Key_Right);
     else
@@ -596,7 +580,7 @@ void tst_AutoCalc::divisionByZeroFromUserIsContained()
     m_grid->setTextMatrix(1, Result, QStringLiteral("keep"));
 
     // The error cannot travel through the event loop: the grid swallows it, for a click...
-    QVERIFY_THROWS_NO_EXCEPTION(clickCell(2, Other));
+    QVERIFY_THROWS_NO_EXCEPTION(clickCell(*m_grid, 2, Other));
     QCOMPARE(m_grid->TextMatrix(1, Result), QStringLiteral("keep"));
     // ...and for a key (leaving the other column computes nothing, so these moves are safe).
     m_grid->setRow(1);
@@ -607,7 +591,7 @@ void tst_AutoCalc::divisionByZeroFromUserIsContained()
     // The grid goes on working: a valid division computes when the user leaves the operand.
     m_grid->setTextMatrix(1, Operand2, QStringLiteral("4"));
     QVERIFY(m_grid->Col() == Operand1 || m_grid->Col() == Operand2);
-    QVERIFY_THROWS_NO_EXCEPTION(clickCell(2, Other));
+    QVERIFY_THROWS_NO_EXCEPTION(clickCell(*m_grid, 2, Other));
     QCOMPARE(m_grid->TextMatrix(1, Result), QStringLiteral("0.25"));
 }
 

@@ -7,6 +7,7 @@
 #include "grid/VemoGrid.h"
 
 #include "MessageRecorder.h"
+#include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QScopeGuard>
@@ -15,13 +16,12 @@
 #include <memory>
 
 using namespace VemoGridLib;
-using VemoTest::MessageRecorder;
+using namespace VemoTest;
 
 Q_DECLARE_METATYPE(VemoGridLib::MessageIcon)
 
 namespace {
 
-constexpr int TwipsPerPixel = 15; // the offscreen platform's 96 dpi
 constexpr int RowHeightTwips = 300;
 constexpr int ColWidthTwips = 1050;
 constexpr OleColor Band1 = 0xFFFFFF; // BackColor1 default: even data rows
@@ -29,16 +29,6 @@ constexpr OleColor Band2 = 0xBFFFFF; // BackColor2 default: odd data rows
 constexpr OleColor HyperlinkBlue = 0xFF0000;
 const QString Checked = QStringLiteral(".");
 const QString Unchecked = QStringLiteral("`");
-
-int px(int twips)
-{
-    return twips / TwipsPerPixel;
-}
-
-const FlexCellFormat& lookOf(const VemoGrid& grid, int row, int col)
-{
-    return grid.hostedGrid()->cells().format(row, col);
-}
 
 // The band colour Part 1.1 gives a data cell of an ordinary column: rows are banded by their
 // distance from the first data row.
@@ -128,8 +118,6 @@ private:
     void build(const QString& format, int dataRows);
     /// Writes `texts` row by row from the first data row, column 1 on.
     void fill(const QList<QStringList>& texts);
-    /// A user click on the centre of a cell of the hosted grid.
-    void clickCell(int row, int col);
 
     std::unique_ptr<VemoGrid> m_grid;
     std::unique_ptr<MessageRecorder> m_recorder;
@@ -143,10 +131,8 @@ void tst_Rows::initTestCase()
 void tst_Rows::init()
 {
     m_recorder = std::make_unique<MessageRecorder>();
-    m_grid = std::make_unique<VemoGrid>();
-    m_grid->resize(700, 360);
-    m_grid->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));
+    m_grid = shownGrid();
+    QVERIFY(m_grid);
 }
 
 void tst_Rows::cleanup()
@@ -172,14 +158,6 @@ void tst_Rows::fill(const QList<QStringList>& texts)
         for (int c = 0; c < texts.at(r).size(); ++c)
             m_grid->setTextMatrix(m_grid->FixedRows() + r, 1 + c, texts.at(r).at(c));
     }
-}
-
-void tst_Rows::clickCell(int row, int col)
-{
-    const FlexGrid* const flex = m_grid->hostedGrid();
-    const QPoint centre(px(flex->ColPos(col) + flex->ColWidth(col) / 2),
-                        px(flex->RowPos(row) + flex->RowHeight(row) / 2));
-    QTest::mouseClick(flex->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
 }
 
 // ---- AddItem ----------------------------------------------------------------------------------
@@ -450,7 +428,7 @@ void tst_Rows::removeItemZeroRemovesMarkedRow()
     fill({{"a1"}, {"a2"}, {"a3"}, {"a4"}});
 
     // The user marks a row by clicking one of its data cells (Part 1.3).
-    clickCell(marked, 2);
+    clickCell(*m_grid, marked, 2);
     QCOMPARE(m_grid->Selected(), marked);
     QCOMPARE(rowsWithMarker(*m_grid), QList<int>({marked}));
 
@@ -480,7 +458,7 @@ void tst_Rows::removeItemByIndexForgetsMarkedRow()
 {
     build(QStringLiteral("|A|B"), 4);
     fill({{"a1"}, {"a2"}, {"a3"}, {"a4"}});
-    clickCell(3, 1);
+    clickCell(*m_grid, 3, 1);
     QCOMPARE(m_grid->Selected(), 3);
 
     m_grid->RemoveItem(1);
@@ -586,7 +564,7 @@ void tst_Rows::clearKeepsStructure()
         for (int c = 1; c < m_grid->Cols(); ++c)
             m_grid->setTextMatrix(r, c, QStringLiteral("%1,%2").arg(r).arg(c));
     }
-    clickCell(fixedRows + 2, 3);
+    clickCell(*m_grid, fixedRows + 2, 3);
     QCOMPARE(m_grid->Selected(), fixedRows + 2);
 
     m_grid->Clear();

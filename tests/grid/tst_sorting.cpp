@@ -9,6 +9,7 @@
 #include "common/VbFormat.h"
 
 #include "MessageRecorder.h"
+#include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
 #include <QScopeGuard>
@@ -19,11 +20,10 @@
 #include <memory>
 
 using namespace VemoGridLib;
-using VemoTest::MessageRecorder;
+using namespace VemoTest;
 
 namespace {
 
-constexpr int TwipsPerPixel = 15; // the offscreen platform's 96 dpi
 constexpr int RowHeightTwips = 300;
 constexpr int ColWidthTwips = 1200;
 constexpr OleColor Band1 = 0xFFFFFF; // BackColor1 default: even data rows
@@ -33,16 +33,6 @@ constexpr int LabelCol = 2;
 constexpr int SecondCol = 3;
 
 // Installs a handler that records every message and puts the previous one back at the end.
-int px(int twips)
-{
-    return twips / TwipsPerPixel;
-}
-
-const FlexCellFormat& lookOf(const VemoGrid& grid, int row, int col)
-{
-    return grid.hostedGrid()->cells().format(row, col);
-}
-
 QPixmap headerPicture(const VemoGrid& grid, int col)
 {
     return lookOf(grid, 0, col).picture;
@@ -117,7 +107,6 @@ private:
     void build(const QStringList& keys, const QStringList& second = {});
     /// The labels of `keys` in the order the keys are listed (the keys are unique).
     QStringList labelsOf(const QStringList& keys) const;
-    void clickCell(int row, int col);
     /// The up and down arrows as a sort of column `col` shows them (the grid is re-sorted).
     std::pair<QPixmap, QPixmap> arrows(int col);
 
@@ -134,10 +123,8 @@ void tst_Sorting::initTestCase()
 void tst_Sorting::init()
 {
     m_recorder = std::make_unique<MessageRecorder>();
-    m_grid = std::make_unique<VemoGrid>();
-    m_grid->resize(700, 360);
-    m_grid->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));
+    m_grid = shownGrid();
+    QVERIFY(m_grid);
 }
 
 void tst_Sorting::cleanup()
@@ -172,14 +159,6 @@ QStringList tst_Sorting::labelsOf(const QStringList& keys) const
     for (const QString& key : keys)
         labels << QStringLiteral("L%1").arg(m_keys.indexOf(key));
     return labels;
-}
-
-void tst_Sorting::clickCell(int row, int col)
-{
-    const FlexGrid* const flex = m_grid->hostedGrid();
-    const QPoint centre(px(flex->ColPos(col) + flex->ColWidth(col) / 2),
-                        px(flex->RowPos(row) + flex->RowHeight(row) / 2));
-    QTest::mouseClick(flex->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
 }
 
 std::pair<QPixmap, QPixmap> tst_Sorting::arrows(int col)
@@ -567,7 +546,7 @@ void tst_Sorting::markedRowFollowsItsRow()
 {
     build({"4", "3", "2", "1"});
     m_grid->Column(KeyCol)->setSortType(VemoSortNumeric);
-    clickCell(2, LabelCol); // marks the row of key "3"
+    clickCell(*m_grid, 2, LabelCol); // marks the row of key "3"
     QCOMPARE(m_grid->Selected(), 2);
 
     m_grid->Sort(KeyCol);
@@ -595,18 +574,18 @@ void tst_Sorting::headerClicksAlternate()
                 [this, &atClick] { atClick = dataColumn(*m_grid, KeyCol); });
     const auto disconnectClick = qScopeGuard([&] { disconnect(onClick); });
 
-    clickCell(0, KeyCol);
+    clickCell(*m_grid, 0, KeyCol);
     // Click is raised first, before the rows move.
     QCOMPARE(atClick, QStringList({"2", "3", "1"}));
     QCOMPARE(dataColumn(*m_grid, KeyCol), QStringList({"1", "2", "3"}));
     const QPixmap up = headerPicture(*m_grid, KeyCol);
     QVERIFY(!up.isNull());
 
-    clickCell(0, KeyCol);
+    clickCell(*m_grid, 0, KeyCol);
     QCOMPARE(dataColumn(*m_grid, KeyCol), QStringList({"3", "2", "1"}));
     QVERIFY(!samePicture(headerPicture(*m_grid, KeyCol), up));
 
-    clickCell(0, SecondCol);
+    clickCell(*m_grid, 0, SecondCol);
     QCOMPARE(dataColumn(*m_grid, SecondCol), QStringList({"a", "b", "c"}));
     QVERIFY(samePicture(headerPicture(*m_grid, SecondCol), up));
     QVERIFY(headerPicture(*m_grid, KeyCol).isNull());
@@ -637,7 +616,7 @@ void tst_Sorting::headerClickDoesNothing()
         m_grid->Column(c)->setSortType(type);
     QSignalSpy clicks(m_grid.get(), &VemoGrid::Click);
 
-    clickCell(row, col);
+    clickCell(*m_grid, row, col);
 
     QCOMPARE(clicks.count(), 1);
     QCOMPARE(dataColumn(*m_grid, KeyCol), keys);
@@ -654,7 +633,7 @@ void tst_Sorting::sortOnHeaderClickSetsSortableSilently()
 
     m_grid->SortOnHeaderClick(false);
     QVERIFY(!m_grid->Sortable());
-    clickCell(0, KeyCol);
+    clickCell(*m_grid, 0, KeyCol);
     QCOMPARE(dataColumn(*m_grid, KeyCol), keys);
     QVERIFY(headerPicture(*m_grid, KeyCol).isNull());
 
@@ -663,7 +642,7 @@ void tst_Sorting::sortOnHeaderClickSetsSortableSilently()
     QVERIFY(m_grid->Sortable());
     QCOMPARE(m_grid->Column(KeyCol)->SortType(), VemoSortNumeric);
     QCOMPARE(changes.count(), 0);
-    clickCell(0, KeyCol);
+    clickCell(*m_grid, 0, KeyCol);
     QCOMPARE(dataColumn(*m_grid, KeyCol), QStringList({"1", "2", "3"}));
 }
 
@@ -755,7 +734,7 @@ void tst_Sorting::sortMarkRemovedBy()
     if (operation == QLatin1String("RemoveItem")) {
         m_grid->RemoveItem(2);
     } else if (operation == QLatin1String("RemoveItem 0")) {
-        clickCell(2, LabelCol);
+        clickCell(*m_grid, 2, LabelCol);
         QCOMPARE(m_grid->Selected(), 2);
         m_grid->RemoveItem(0);
     } else if (operation == QLatin1String("Clear")) {
