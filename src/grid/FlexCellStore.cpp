@@ -122,7 +122,9 @@ struct FlexCellStore::Private
         if (ref.len == LongText) {
             longTexts[ref.pos] = QString();
             freeLongTexts.push_back(ref.pos);
-        } else {
+        } else if (ref.len != 0) {
+            // Skipped for an empty cell, the usual one to fill: the two counters were just
+            // written one by one, and reading them back as a pair stalls.
             liveUnits -= ref.len;
             garbageUnits += ref.len;
         }
@@ -483,6 +485,27 @@ void FlexCellStore::setText(int row, int col, QStringView text)
     const CellRef stored = d->store(text);
     d->release(ref);
     ref = stored;
+    d->collectGarbageIfWorthIt();
+}
+
+void FlexCellStore::setRowTexts(int row, QStringView fields)
+{
+    Q_ASSERT(row >= 0 && row < rowCount());
+    const std::uint32_t s = d->storageRow(row);
+    const QChar* from = fields.begin();
+    for (ColumnStore& column : d->columns) {
+        const QChar* const to = std::find(from, fields.end(), QChar(u'\t'));
+        const QStringView text(from, to);
+        CellRef& ref = column.texts[s];
+        if (d->view(ref) != text) {
+            const CellRef stored = d->store(text);
+            d->release(ref);
+            ref = stored;
+        }
+        if (to == fields.end())
+            break;
+        from = to + 1;
+    }
     d->collectGarbageIfWorthIt();
 }
 

@@ -59,6 +59,9 @@ public:
     QStringView textView(int row, int col) const;
     /// Replaces a cell's text.
     void setText(int row, int col, QStringView text);
+    /// Replaces the texts of `row` from its first column on by the TAB-separated fields of
+    /// `fields`, as far as there are columns and fields (FlexGrid's `AddItem`).
+    void setRowTexts(int row, QStringView fields);
 
     /// A cell's look; the default look for a never-formatted cell.
     const FlexCellFormat& format(int row, int col) const;

@@ -128,8 +128,8 @@ void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int new
     const bool selectionChanges = newRowSel != rowSel || newColSel != colSel || cellChanges;
     if (!cellChanges && !selectionChanges)
         return;
-    if (cellChanges && cellSignalsWanted)
-        Q_EMIT q->LeaveCell();
+    if (cellChanges)
+        notifyLeaveCell();
     row = newRow;
     col = newCol;
     rowSel = newRowSel;
@@ -137,13 +137,11 @@ void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int new
     if (cellChanges)
         ++cellMoves;
     requestRepaint();
-    if (!cellSignalsWanted)
-        return;
     if (selectionChanges)
-        Q_EMIT q->SelChange();
+        notifySelChange();
     if (cellChanges) {
-        Q_EMIT q->EnterCell();
-        Q_EMIT q->RowColChange();
+        notifyEnterCell();
+        notifyRowColChange();
     }
 }
 
@@ -155,8 +153,40 @@ void FlexGridPrivate::setSelection(int newRowSel, int newColSel, bool quiet)
     rowSel = newRowSel;
     colSel = newColSel;
     requestRepaint();
-    if (!quiet && cellSignalsWanted)
+    if (!quiet)
+        notifySelChange();
+}
+
+void FlexGridPrivate::notifyLeaveCell()
+{
+    if (cellEventSink)
+        cellEventSink->hostedLeaveCell();
+    if (cellSignalsWanted)
+        Q_EMIT q->LeaveCell();
+}
+
+void FlexGridPrivate::notifySelChange()
+{
+    if (cellEventSink)
+        cellEventSink->hostedSelChange();
+    if (cellSignalsWanted)
         Q_EMIT q->SelChange();
+}
+
+void FlexGridPrivate::notifyEnterCell()
+{
+    if (cellEventSink)
+        cellEventSink->hostedEnterCell();
+    if (cellSignalsWanted)
+        Q_EMIT q->EnterCell();
+}
+
+void FlexGridPrivate::notifyRowColChange()
+{
+    if (cellEventSink)
+        cellEventSink->hostedRowColChange();
+    if (cellSignalsWanted)
+        Q_EMIT q->RowColChange();
 }
 
 void FlexGridPrivate::clampCurrentCell()
@@ -797,19 +827,10 @@ void FlexGrid::AddItem(const QString& item, int index)
     if (index < 0 || index > Rows())
         FlexGridPrivate::raise(Flex::flexerrNoSuchRow);
     d->store.insertRow(index);
-    // The segments are read in place: a split into a list would allocate for every row added.
-    const QStringView text(item);
-    qsizetype start = 0;
-    for (int c = 0; c < Cols(); ++c) {
-        qsizetype end = start;
-        while (end < text.size() && text[end] != u'\t')
-            ++end;
-        d->store.setText(index, c, text.sliced(start, end - start));
-        if (end == text.size())
-            break;
-        start = end + 1;
-    }
-    d->relayout();
+    d->store.setRowTexts(index, item);
+    // A row more never moves the rows or columns in view: only the bars' range changes.
+    d->updateScrollBars();
+    d->requestRepaint();
 }
 
 void FlexGrid::RemoveItem(int index)

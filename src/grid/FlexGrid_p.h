@@ -3,6 +3,7 @@
 // FlexGridSort.cpp, FlexGridFormatString.cpp, FlexGridDataSource.cpp).
 #pragma once
 
+#include "grid/FlexCellEventSink_p.h"
 #include "grid/FlexCellStore.h"
 #include "grid/FlexGrid.h"
 
@@ -51,6 +52,9 @@ public:
     /// colouring passes move the current cell once per cell with none connected, and even an
     /// emission nobody receives costs more than the move itself.
     bool cellSignalsWanted = false;
+    /// The hosting VemoGrid, told of the cell events before the signals; none for a grid of
+    /// its own.
+    FlexCellEventSink* cellEventSink = nullptr;
     /// The widget's logical dpi and the default row height, which every row and column size goes
     /// through; refreshMetrics() renews them when the font or the screen changes.
     int dpiX = 96;
@@ -131,6 +135,11 @@ public:
     void moveCurrent(int newRow, int newCol, int newRowSel, int newColSel);
     /// Moves only the selection corners; SelChange when they changed (unless `quiet`).
     void setSelection(int newRowSel, int newColSel, bool quiet = false);
+    /// The cell events, to the hosting grid and then to the signals' receivers.
+    void notifyLeaveCell();
+    void notifySelChange();
+    void notifyEnterCell();
+    void notifyRowColChange();
     /// The corners after SelectionMode widened them to whole rows or columns.
     void applySelectionMode(int& newRowSel, int& newColSel) const;
     /// After Rows/Cols/RemoveItem: brings the current cell and selection back into the grid.

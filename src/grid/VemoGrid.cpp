@@ -117,13 +117,23 @@ void VemoGridPrivate::colourRows(int startRow)
         const bool readOnly = numbered || (column && column->Locked());
         const OleColor even = readOnly ? readOnlyColor : backColor1;
         const OleColor odd = readOnly ? readOnlyColor : backColor2;
-        store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::BackColor, even,
-                                   odd, fixedRows);
         // A check box's marker text stays hidden in its cell's new colour (Part 1.1 draws it
         // in the background colour); the pass would otherwise uncover it.
-        if (column && column->colType() == eCheckBox)
-            store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::ForeColor,
+        const bool checkBox = column && column->colType() == eCheckBox;
+        if (first == rows - 1) {
+            // One row, as AddItem colours it.
+            const OleColor colour = (first - fixedRows) % 2 == 0 ? even : odd;
+            store.setFormatValue(first, c, FlexCellStore::FormatField::BackColor, colour);
+            if (checkBox)
+                store.setFormatValue(first, c, FlexCellStore::FormatField::ForeColor, colour);
+        } else {
+            store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::BackColor,
                                        even, odd, fixedRows);
+            if (checkBox)
+                store.setFormatValueBanded(c, first, rows - 1,
+                                           FlexCellStore::FormatField::ForeColor, even, odd,
+                                           fixedRows);
+        }
         for (int r = first; numbered && r < rows; ++r) {
             if (store.textView(r, c).isEmpty())
                 flex->setTextMatrix(r, c, QString::number(r));
@@ -272,7 +282,7 @@ void VemoGridPrivate::onHostedClick()
     redisplayCurrentCell();
 }
 
-void VemoGridPrivate::onHostedLeaveCell()
+void VemoGridPrivate::hostedLeaveCell()
 {
     if (leaveAlreadyDone) {
         leaveAlreadyDone = false;
@@ -286,7 +296,7 @@ void VemoGridPrivate::onHostedLeaveCell()
     }
 }
 
-void VemoGridPrivate::onHostedEnterCell()
+void VemoGridPrivate::hostedEnterCell()
 {
     // The grid's own moves (bulk work) are not where the mouse is: nothing to record then.
     if (suppressEvents)
@@ -299,8 +309,19 @@ void VemoGridPrivate::onHostedEnterCell()
     Q_EMIT q->EnterCell(rowSel, colSel, value);
 }
 
+void VemoGridPrivate::hostedSelChange()
+{
+    Q_EMIT q->SelChange();
+}
+
+void VemoGridPrivate::hostedRowColChange()
+{
+    Q_EMIT q->RowColChange();
+}
+
 void VemoGridPrivate::connectHostedGrid()
 {
+    FlexGridPrivate::get(flex)->cellEventSink = this;
     QObject::connect(flex, &FlexGrid::Click, q, [this] {
         try {
             onHostedClick();
@@ -308,10 +329,6 @@ void VemoGridPrivate::connectHostedGrid()
         }
     });
     QObject::connect(flex, &FlexGrid::DblClick, q, &VemoGrid::DblClick);
-    QObject::connect(flex, &FlexGrid::LeaveCell, q, [this] { onHostedLeaveCell(); });
-    QObject::connect(flex, &FlexGrid::EnterCell, q, [this] { onHostedEnterCell(); });
-    QObject::connect(flex, &FlexGrid::RowColChange, q, &VemoGrid::RowColChange);
-    QObject::connect(flex, &FlexGrid::SelChange, q, &VemoGrid::SelChange);
     QObject::connect(flex, &FlexGrid::Scroll, q, [this] {
         Q_EMIT q->Scroll();
         if (!editorShowing)
@@ -351,6 +368,7 @@ VemoGrid::VemoGrid(QWidget* parent)
 VemoGrid::~VemoGrid()
 {
     QObject::disconnect(d->flex, nullptr, this, nullptr);
+    FlexGridPrivate::get(d->flex)->cellEventSink = nullptr;
     for (VemoGridLib::Column* column : d->columns)
         delete column;
     d->columns.clear();

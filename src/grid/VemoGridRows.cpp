@@ -65,7 +65,7 @@ void VemoGrid::AddItem(const QString& Item, int Index)
         if (d->typeOf(c) == eCheckBox) {
             d->drawCheckBoxes(c, newRow);
         } else if (std::size_t(c) < d->columns.size() && d->columns[std::size_t(c)]->AutoAdd() &&
-                   d->flex->TextMatrix(newRow, c).isEmpty()) {
+                   d->flex->cells().textView(newRow, c).isEmpty()) {
             d->flex->setTextMatrix(newRow, c, QString::number(d->runningNumber));
             ++d->runningNumber;
         }

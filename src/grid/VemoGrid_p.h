@@ -5,6 +5,7 @@
 #pragma once
 
 #include "grid/ExcelFile.h"
+#include "grid/FlexCellEventSink_p.h"
 #include "grid/FlexGrid.h"
 #include "grid/VemoGrid.h"
 
@@ -44,7 +45,7 @@ private:
     const bool m_hourglass;
 };
 
-class VemoGridPrivate
+class VemoGridPrivate final : public FlexCellEventSink
 {
 public:
     explicit VemoGridPrivate(VemoGrid* grid);
@@ -150,13 +151,18 @@ public:
     void redisplayCurrentCell();
     /// Sets hosted `Row` / `Col` with events suppressed (the flag is then as it was).
     void moveHostedCell(int row, int col);
-    /// Connects the hosted grid's events to the grid's handlers.
+    /// Connects the hosted grid's events to the grid's handlers; the cell events come by
+    /// FlexCellEventSink.
     void connectHostedGrid();
     /// The hosted grid's Click: `Click`, then a header click sorts, a data click marks the row.
     void onHostedClick();
     /// The hosted grid's LeaveCell (skipped once after the grid's own Row/Col setters ran it).
-    void onHostedLeaveCell();
-    void onHostedEnterCell();
+    void hostedLeaveCell() override;
+    /// The hosted grid's EnterCell: `EnterCell`, unless the grid itself moved the cell.
+    void hostedEnterCell() override;
+    /// The hosted grid's SelChange and RowColChange, raised as the grid's own.
+    void hostedSelChange() override;
+    void hostedRowColChange() override;
     bool leaveAlreadyDone = false;
 
     // ---- Part 1.5 steps (VemoGridRows.cpp) ------------------------------------------------------

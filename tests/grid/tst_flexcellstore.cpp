@@ -160,6 +160,9 @@ private slots:
     void textRoundTrip();
     void textsAreIndependentPerCell();
     void rewritingKeepsLastTextAndReclaimsMemory();
+    void setRowTextsSplitsAtTabs_data();
+    void setRowTextsSplitsAtTabs();
+    void setRowTextsReclaimsReplacedTexts();
 
     void neverFormattedCellReadsDefaultLook();
     void setFormatRoundTrip();
@@ -440,6 +443,74 @@ void tst_FlexCellStore::rewritingKeepsLastTextAndReclaimsMemory()
     QVERIFY2(secondHalfPeak < Bound,
              qPrintable(QStringLiteral("peak bytesUsed %1").arg(secondHalfPeak)));
     // The same work again must not need more memory: the footprint has reached a steady state.
+    QCOMPARE_LE(secondHalfPeak, firstHalfPeak);
+}
+
+void tst_FlexCellStore::setRowTextsSplitsAtTabs_data()
+{
+    QTest::addColumn<QString>("fields");
+    QTest::addColumn<QStringList>("expected");
+
+    const QString longField(5000, QChar(u'z'));
+    QTest::newRow("one per column")
+        << QStringLiteral("a\tbb\tccc") << QStringList{"a", "bb", "ccc"};
+    QTest::newRow("fewer fields keep the rest")
+        << QStringLiteral("a") << QStringList{"a", "old 1", "old 2"};
+    QTest::newRow("more fields are dropped")
+        << QStringLiteral("a\tb\tc\td\te") << QStringList{"a", "b", "c"};
+    QTest::newRow("empty fields empty their cells")
+        << QStringLiteral("\t\t") << QStringList{QString(), QString(), QString()};
+    QTest::newRow("empty text empties the first cell")
+        << QString() << QStringList{QString(), "old 1", "old 2"};
+    QTest::newRow("trailing tab empties the next cell")
+        << QStringLiteral("a\t") << QStringList{"a", QString(), "old 2"};
+    QTest::newRow("CJK and a long field")
+        << QStringLiteral("中文\t") + longField << QStringList{"中文", longField, "old 2"};
+}
+
+void tst_FlexCellStore::setRowTextsSplitsAtTabs()
+{
+    QFETCH(QString, fields);
+    QFETCH(QStringList, expected);
+
+    FlexCellStore store;
+    store.setRowCount(3);
+    store.setColCount(3);
+    for (int r = 0; r < 3; ++r) {
+        for (int c = 0; c < 3; ++c)
+            store.setText(r, c, QStringLiteral("old %1").arg(c));
+    }
+    store.setRowTexts(1, fields);
+
+    for (int c = 0; c < 3; ++c) {
+        QCOMPARE(store.text(1, c), expected.at(c));
+        // The rows around keep their texts.
+        QCOMPARE(store.text(0, c), QStringLiteral("old %1").arg(c));
+        QCOMPARE(store.text(2, c), QStringLiteral("old %1").arg(c));
+    }
+}
+
+void tst_FlexCellStore::setRowTextsReclaimsReplacedTexts()
+{
+    constexpr int Rows = 50;
+    constexpr int Cols = 8;
+    constexpr int Rounds = 600;
+    FlexCellStore store;
+    store.setRowCount(Rows);
+    store.setColCount(Cols);
+    std::size_t firstHalfPeak = 0;
+    std::size_t secondHalfPeak = 0;
+    QString fields;
+    for (int round = 0; round < Rounds; ++round) {
+        fields.clear();
+        for (int c = 0; c < Cols; ++c)
+            fields += QString(20 + (round + c) % 20, QChar(u'a' + round % 26)) + u'\t';
+        for (int r = 0; r < Rows; ++r)
+            store.setRowTexts(r, fields);
+        std::size_t& peak = round < Rounds / 2 ? firstHalfPeak : secondHalfPeak;
+        peak = std::max(peak, store.bytesUsed());
+    }
+    QCOMPARE(store.text(Rows - 1, Cols - 1), fields.split(u'\t').at(Cols - 1));
     QCOMPARE_LE(secondHalfPeak, firstHalfPeak);
 }
 

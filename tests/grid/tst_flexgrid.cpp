@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QImage>
+#include <QScrollBar>
 #include <QTest>
 
 #include <algorithm>
@@ -235,6 +236,7 @@ private slots:
     void addItemInsertsAndShiftsRows();
     void addItemAtRowsAppends();
     void addItemKeepsTheCurrentCellAndFiresNothing();
+    void addItemKeepsTheViewAndGrowsTheScrollRange();
     void removeItemShiftsRowsUp();
     void removeItemClampsTheCurrentCell();
     void removeItemClampsOnlyTheSelection();
@@ -1865,6 +1867,33 @@ void tst_FlexGrid::addItemKeepsTheCurrentCellAndFiresNothing()
     QCOMPARE(grid.RowSel(), 4);
     QCOMPARE(grid.ColSel(), 1);
     QCOMPARE(log.cellEvents(), QStringList());
+}
+
+void tst_FlexGrid::addItemKeepsTheViewAndGrowsTheScrollRange()
+{
+    FlexGrid grid;
+    QVERIFY(setUpScrollGrid(grid));
+    grid.setTopRow(5);
+    grid.setLeftCol(3);
+    QCoreApplication::processEvents();
+    const int maximumBefore = grid.verticalScrollBar()->maximum();
+    EventLog log(grid);
+
+    for (int i = 0; i < 20; ++i)
+        grid.AddItem(QStringLiteral("added\t%1").arg(i));
+    grid.AddItem(QStringLiteral("above the view"), 2);
+    QCoreApplication::processEvents();
+
+    QCOMPARE(grid.Rows(), ScrollRows + 21);
+    QCOMPARE(grid.TopRow(), 5);
+    QCOMPARE(grid.LeftCol(), 3);
+    QCOMPARE(log.count(QStringLiteral("Scroll")), 0);
+    QCOMPARE(grid.verticalScrollBar()->value(), 5);
+    // The bar reaches the new last page, as far as TopRow itself may go.
+    const int maximum = grid.verticalScrollBar()->maximum();
+    QCOMPARE_GT(maximum, maximumBefore + 15);
+    grid.setTopRow(grid.Rows() - 1);
+    QCOMPARE(grid.TopRow(), maximum);
 }
 
 void tst_FlexGrid::removeItemShiftsRowsUp()

@@ -290,6 +290,8 @@ private slots:
     void clickMovesCurrentRowMarker();
     void hostedEventsAreRelayed_data();
     void hostedEventsAreRelayed();
+    void cellEventsNeedNoHostedReceiver_data();
+    void cellEventsNeedNoHostedReceiver();
     void relayedKeyAndMouseArguments();
 };
 
@@ -1416,6 +1418,37 @@ void tst_VemoGrid::hostedEventsAreRelayed()
 
     QVERIFY2(hosted.count > 0, "the trigger did not raise the hosted event");
     QCOMPARE(relayed.count, hosted.count);
+}
+
+void tst_VemoGrid::cellEventsNeedNoHostedReceiver_data()
+{
+    QTest::addColumn<QByteArray>("event");
+    QTest::addColumn<int>("expected");
+
+    // One arrow key down: the cell is left and entered once, and the selection follows it.
+    QTest::newRow("LeaveCell") << QByteArray("LeaveCell") << 1;
+    QTest::newRow("EnterCell") << QByteArray("EnterCell") << 1;
+    QTest::newRow("SelChange") << QByteArray("SelChange") << 1;
+    QTest::newRow("RowColChange") << QByteArray("RowColChange") << 1;
+}
+
+void tst_VemoGrid::cellEventsNeedNoHostedReceiver()
+{
+    QFETCH(QByteArray, event);
+    QFETCH(int, expected);
+    auto scene = makeScene(8, 4);
+    VemoGrid& grid = *scene->grid;
+    QVERIFY(exposed(*scene));
+    const QByteArray gridSignal = signalSignature(grid, event.constData());
+    QVERIFY(!gridSignal.isEmpty());
+    Counter relayed;
+    QVERIFY(connect(&grid, gridSignal.constData(), &relayed, SLOT(hit())));
+    grid.hostedGrid()->setFocus();
+
+    QTest::keyClick(grid.hostedGrid(), Qt::Key_Down);
+
+    QCOMPARE(grid.hostedGrid()->Row(), 2);
+    QCOMPARE(relayed.count, expected);
 }
 
 void tst_VemoGrid::relayedKeyAndMouseArguments()

@@ -1,0 +1,23 @@
+// The hosting VemoGrid's direct line to its hosted FlexGrid's cell events (Part 1.3's
+// hosted-grid contract).
+#pragma once
+
+namespace VemoGridLib {
+
+/// Hears the hosted grid's LeaveCell, SelChange, EnterCell and RowColChange by a plain call,
+/// just before the signals of the same names go out. VemoGrid's own moves (a row added, a row
+/// removed, a pass) move the current cell once per row, and a signal with a receiver costs
+/// several times the move itself.
+class FlexCellEventSink
+{
+public:
+    virtual void hostedLeaveCell() = 0;
+    virtual void hostedSelChange() = 0;
+    virtual void hostedEnterCell() = 0;
+    virtual void hostedRowColChange() = 0;
+
+protected:
+    ~FlexCellEventSink() = default;
+};
+
+} // namespace VemoGridLib
