@@ -2,6 +2,7 @@
 #include "grid/VemoGrid_p.h"
 
 #include "grid/FlexCellStore.h"
+#include "grid/FlexGrid_p.h"
 
 #include "common/Messages.h"
 #include "common/VbDateTime.h"
@@ -10,6 +11,10 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+
 namespace VemoGridLib {
 
 namespace {
@@ -17,6 +22,27 @@ namespace {
 const QString CheckedMarker = QStringLiteral(".");
 const QString UncheckedMarker = QStringLiteral("`");
 constexpr OleColor HyperlinkColour = 0xFF0000;
+
+/// A whole number's decimal text as CStr writes it, held without a QString's allocation: the
+/// number an `AutoAdd` column gets for every row added.
+class DecimalText
+{
+public:
+    explicit DecimalText(int value)
+    {
+        std::array<char, MaxLength> narrow{};
+        m_length = std::size_t(std::to_chars(narrow.data(), narrow.data() + MaxLength, value).ptr -
+                               narrow.data());
+        std::copy_n(narrow.begin(), m_length, m_units.begin());
+    }
+
+    QStringView view() const { return QStringView(m_units.data(), qsizetype(m_length)); }
+
+private:
+    static constexpr std::size_t MaxLength = 12;
+    std::array<char16_t, MaxLength> m_units{};
+    std::size_t m_length = 0;
+};
 
 } // namespace
 
@@ -66,7 +92,8 @@ void VemoGrid::AddItem(const QString& Item, int Index)
             d->drawCheckBoxes(c, newRow);
         } else if (std::size_t(c) < d->columns.size() && d->columns[std::size_t(c)]->AutoAdd() &&
                    d->flex->cells().textView(newRow, c).isEmpty()) {
-            d->flex->setTextMatrix(newRow, c, QString::number(d->runningNumber));
+            FlexGridPrivate::get(d->flex)->store.setText(newRow, c,
+                                                         DecimalText(d->runningNumber).view());
             ++d->runningNumber;
         }
     }
