@@ -80,6 +80,7 @@ private slots:
     void emptyLineRule();
     void refusalFollowsTheNewCurrentRow();
     void autoAddRunningNumber();
+    void autoAddNumbersPastOneDigit();
     void autoAddPrefilledCellKeepsItsText();
 
     void removeItemByIndex_data();
@@ -364,6 +365,20 @@ void tst_Rows::autoAddRunningNumber()
     m_grid->ClearStructure();
     m_grid->AddItem(QStringLiteral("\tc"));
     QCOMPARE(m_grid->TextMatrix(3, 2), QStringLiteral("4"));
+}
+
+void tst_Rows::autoAddNumbersPastOneDigit()
+{
+    build(QStringLiteral("|A|No"), 1);
+    m_grid->Column(2)->setAutoAdd(true);
+    fill({{"a1"}});
+
+    for (int i = 0; i < 120; ++i)
+        m_grid->AddItem(QStringLiteral("\tx%1").arg(i));
+
+    QCOMPARE(m_grid->Rows(), 122);
+    for (int number : {1, 9, 10, 11, 99, 100, 120})
+        QCOMPARE(m_grid->TextMatrix(number + 1, 2), QString::number(number));
 }
 
 void tst_Rows::autoAddPrefilledCellKeepsItsText()
