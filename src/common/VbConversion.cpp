@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 
@@ -414,6 +415,26 @@ ParsedNumber scanNumber(const QString& text, VbLocale locale)
     return NumberScanner(text, locale).scan();
 }
 
+/// The correctly rounded value of a plain decimal's sign, digits and point (thousands
+/// separators dropped), by std::from_chars; false past 62 characters.
+bool readDecimalDigits(QStringView digits, bool negative, double& value)
+{
+    constexpr qsizetype MaxLength = 64;
+    std::array<char, MaxLength> buffer;
+    qsizetype length = 0;
+    if (negative)
+        buffer[length++] = '-';
+    for (const QChar c : digits) {
+        if (c == u',')
+            continue;
+        if (length >= MaxLength - 1)
+            return false;
+        buffer[length++] = char(c.unicode());
+    }
+    const auto result = std::from_chars(buffer.data(), buffer.data() + length, value);
+    return result.ec == std::errc() && result.ptr == buffer.data() + length;
+}
+
 } // namespace
 
 bool ReadPlainDecimal(QStringView text, double& value)
@@ -424,40 +445,47 @@ bool ReadPlainDecimal(QStringView text, double& value)
         ++begin;
     while (end > begin && isScannerWhite(text[end - 1]))
         --end;
-    // The digits (and the point) as from_chars reads them; the scanner's result is the same
-    // correctly rounded value of the same digits.
-    constexpr qsizetype MaxLength = 64;
-    std::array<char, MaxLength> buffer;
-    qsizetype length = 0;
-    qsizetype at = begin;
-    if (at < end && (text[at] == u'-' || text[at] == u'+')) {
-        if (text[at] == u'-')
-            buffer[length++] = '-';
-        ++at;
+    bool negative = false;
+    if (begin < end && (text[begin] == u'-' || text[begin] == u'+')) {
+        negative = text[begin] == u'-';
+        ++begin;
     }
-    bool integerDigits = false;
-    bool fractionDigits = false;
+    // The digits as one whole number and the count of digits after the point, while the number
+    // stays exact in a double: most cells (prices, quantities) take this way.
+    constexpr std::uint64_t ExactLimit = std::uint64_t(1) << 53;
+    std::uint64_t mantissa = 0;
+    int digits = 0;
+    int scale = 0;
     bool point = false;
-    for (; at < end; ++at) {
+    bool exact = true;
+    for (qsizetype at = begin; at < end; ++at) {
         const char16_t c = text[at].unicode();
-        if (length >= MaxLength - 1)
-            return false;
         if (c >= u'0' && c <= u'9') {
-            buffer[length++] = char(c);
-            (point ? fractionDigits : integerDigits) = true;
-        } else if (c == u',' && integerDigits && !point) {
+            mantissa = mantissa * 10 + std::uint64_t(c - u'0');
+            exact = exact && mantissa < ExactLimit;
+            ++digits;
+            scale += point ? 1 : 0;
+        } else if (c == u',' && digits > 0 && !point) {
             continue;
         } else if (c == u'.' && !point) {
-            buffer[length++] = '.';
             point = true;
         } else {
             return false;
         }
     }
-    if (!integerDigits && !fractionDigits)
+    if (digits == 0)
         return false;
-    const auto result = std::from_chars(buffer.data(), buffer.data() + length, value);
-    return result.ec == std::errc() && result.ptr == buffer.data() + length;
+    // Exact digits over an exact power of ten: one division, so one rounding, the correctly
+    // rounded value from_chars gives as well (Clinger's fast path).
+    constexpr std::array<double, 23> PowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    if (exact && scale < int(PowersOfTen.size())) {
+        const double magnitude = double(mantissa) / PowersOfTen[std::size_t(scale)];
+        value = negative ? -magnitude : magnitude;
+        return true;
+    }
+    return readDecimalDigits(text.sliced(begin, end - begin), negative, value);
 }
 
 QString CStr(double value)
@@ -486,6 +514,14 @@ double CDbl(const QString& text, VbLocale locale)
         throw VemoError::typeMismatch();
     if (number.status == ParseStatus::Overflow)
         throw VemoError::overflow();
+    return number.value;
+}
+
+std::optional<double> NumericValue(const QString& text, VbLocale locale)
+{
+    const ParsedNumber number = scanNumber(text, locale);
+    if (number.status != ParseStatus::Ok)
+        return std::nullopt;
     return number.value;
 }
 

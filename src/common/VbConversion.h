@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace VemoGridLib::vb {
 
 /// The general number form of a Double (`CStr`, `Format(x)`): at most 15 significant digits,
@@ -20,6 +22,11 @@ VEMOGRIDLIB_EXPORT bool IsNumeric(const QString& text, VbLocale locale = userLoc
 /// The value read by the §4 scanner; throws VemoError 13 (Type mismatch) when the text is not
 /// numeric, 6 (Overflow) beyond the Double range.
 VEMOGRIDLIB_EXPORT double CDbl(const QString& text, VbLocale locale = userLocale());
+
+/// `IsNumeric` and `CDbl` in one scan, without an exception: the value, or none where `CDbl`
+/// would throw. For the callers that meet many texts that are not numbers.
+VEMOGRIDLIB_EXPORT std::optional<double> NumericValue(const QString& text,
+                                                      VbLocale locale = userLocale());
 
 /// The value `CDbl` reads from a plain decimal — scanner white around, one leading sign, digits
 /// with thousands separators after the first digit, one point, fraction digits — without the

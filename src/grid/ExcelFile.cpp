@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
+#include <memory>
 #include <optional>
 
 namespace VemoGridLib {
@@ -70,10 +72,11 @@ struct ExcelFile::Private
 {
     /// Records are gathered here and reach the file in blocks: a write call per record costs
     /// more than building the record.
-    static constexpr qsizetype FlushThreshold = 64 * 1024;
+    static constexpr qsizetype BufferSize = 64 * 1024;
 
     std::optional<QFile> file;
-    QByteArray pending;
+    std::unique_ptr<char[]> pending = std::make_unique_for_overwrite<char[]>(BufferSize);
+    qsizetype pendingSize = 0;
     /// The ANSI code page of the texts, fixed when the file is opened.
     int codePage = 1252;
     LabelHeader label = LabelTemplate;
@@ -89,17 +92,22 @@ struct ExcelFile::Private
     /// Writes the gathered records; false when the file took fewer bytes.
     bool flush()
     {
-        const qint64 size = pending.size();
-        const bool written = file->write(pending) == size;
-        pending.clear();
-        return written;
+        const qint64 size = pendingSize;
+        pendingSize = 0;
+        return file->write(pending.get(), size) == size;
     }
 
     void append(const char* data, qsizetype size)
     {
-        pending.append(data, size);
-        if (pending.size() >= FlushThreshold && !flush())
+        if (pendingSize + size > BufferSize && !flush())
             throw VemoError::deviceIoError();
+        if (size > BufferSize) {
+            if (file->write(data, size) != size)
+                throw VemoError::deviceIoError();
+            return;
+        }
+        std::memcpy(pending.get() + pendingSize, data, std::size_t(size));
+        pendingSize += size;
     }
 
     template <std::size_t N>
@@ -133,7 +141,6 @@ void ExcelFile::OpenFile(const QString& FileName)
 {
     if (d->file)
         d->close();
-    d->pending.reserve(Private::FlushThreshold + 256);
     d->codePage = ansiCodePage();
     QFile& file = d->file.emplace(FileName);
     // ReadWrite without Truncate: an existing longer file keeps its bytes past the new EOF.

@@ -5,7 +5,6 @@
 
 #include "common/VbConversion.h"
 #include "common/VbStrings.h"
-#include "common/VemoError.h"
 
 #include <exception>
 #include <optional>
@@ -39,18 +38,14 @@ struct ColumnKind
 };
 
 // IsNumeric is exactly "CDbl succeeds" (VbConversion.h), so one scan decides and reads the value;
-// plain decimals, most cells, skip the full scanner. A blank text, never numeric, costs no throw.
+// plain decimals, most cells, skip the full scanner.
 std::optional<double> numberOf(const QString& text, vb::VbLocale locale)
 {
     if (text.isEmpty())
         return std::nullopt;
     if (double value = 0; vb::ReadPlainDecimal(text, value))
         return value;
-    try {
-        return vb::CDbl(text, locale);
-    } catch (const VemoError&) {
-        return std::nullopt;
-    }
+    return vb::NumericValue(text, locale);
 }
 
 /// A cell's text as a QString sharing the cell's characters: the cell store is not touched while
@@ -82,6 +77,11 @@ void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, Column
         return;
     case eLong: {
         QString value = trimmed(t);
+        // A plain decimal reads its thousands separators as the removal below would leave it.
+        if (double number = 0; vb::ReadPlainDecimal(value, number)) {
+            excel.EWriteInteger(row, col, vb::CLng(number));
+            return;
+        }
         if (value.contains(QLatin1Char(',')))
             value.remove(QLatin1Char(','));
         if (const std::optional<double> number = numberOf(value, locale))

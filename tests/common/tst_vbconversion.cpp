@@ -7,8 +7,12 @@
 
 #include <QTest>
 
+#include <bit>
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <random>
+#include <string>
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::vb;
@@ -42,6 +46,9 @@ class tst_VbConversion : public QObject
 private slots:
     void readPlainDecimalAgreesWithCDbl_data();
     void readPlainDecimalAgreesWithCDbl();
+    void readPlainDecimalRoundsAsFromChars();
+    void numericValueIsIsNumericAndCDbl_data();
+    void numericValueIsIsNumericAndCDbl();
     void cstr_data();
     void cstr();
     void scanner_data();
@@ -68,21 +75,45 @@ void tst_VbConversion::readPlainDecimalAgreesWithCDbl_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("plain");
     const std::pair<const char*, bool> rows[] = {
-        {"0", true},      {"-0", true},
-        {"12", true},     {" 3.50 ", true},
-        {"+7", true},     {"1,234.50", true},
-        {"1,2,3", true},  {"1,", true},
-        {"5.", true},     {".5", true},
-        {"-1,234", true}, {"\t42\r", true},
-        {"0.1", true},    {"123456789012345678901234567890", true},
-        {"", false},      {" ", false},
-        {",5", false},    {".", false},
-        {"-", false},     {"1.2.3", false},
-        {"1.2,3", false}, {"1e5", false},
-        {"$5", false},    {"(5)", false},
-        {"5-", false},    {"&H10", false},
-        {"abc", false},   {"1 2", false},
+        {"0", true},
+        {"-0", true},
+        {"12", true},
+        {" 3.50 ", true},
+        {"+7", true},
+        {"1,234.50", true},
+        {"1,2,3", true},
+        {"1,", true},
+        {"5.", true},
+        {".5", true},
+        {"-1,234", true},
+        {"\t42\r", true},
+        {"0.1", true},
+        {"123456789012345678901234567890", true},
+        {"", false},
+        {" ", false},
+        {",5", false},
+        {".", false},
+        {"-", false},
+        {"1.2.3", false},
+        {"1.2,3", false},
+        {"1e5", false},
+        {"$5", false},
+        {"(5)", false},
+        {"5-", false},
+        {"&H10", false},
+        {"abc", false},
+        {"1 2", false},
         {"--1", false},
+        // Around the exact-digits way: 2^53 - 1 and 2^53 + 1 digits, 22 and 23 places after
+        // the point, more digits than a double holds.
+        {"9007199254740991", true},
+        {"9007199254740993", true},
+        {"0.0000000000000000000001", true},
+        {"0.00000000000000000000001", true},
+        {"1.0000000000000000000001", true},
+        {"0.12345678901234567890", true},
+        {"-999,999,999.99", true},
+        {"-.000", true},
     };
     for (const auto& [text, plain] : rows)
         QTest::newRow(text) << QString::fromUtf8(text) << plain;
@@ -102,6 +133,56 @@ void tst_VbConversion::readPlainDecimalAgreesWithCDbl()
     const double scanned = CDbl(text, VbLocale::EnUS);
     QCOMPARE(value, scanned);
     QCOMPARE(std::signbit(value), std::signbit(scanned));
+}
+
+void tst_VbConversion::numericValueIsIsNumericAndCDbl_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char* text : {"12", " -3.5 ", "(5)", "$5", "5-", "1,234", "&H10", "1e3", "1e999",
+                             "-1e999", "abc", "", " ", "1.2.3", "n/a"})
+        QTest::newRow(text) << QString::fromUtf8(text);
+}
+
+void tst_VbConversion::numericValueIsIsNumericAndCDbl()
+{
+    QFETCH(QString, text);
+    const std::optional<double> value = NumericValue(text, VbLocale::EnUS);
+    QCOMPARE(value.has_value(), IsNumeric(text, VbLocale::EnUS));
+    if (value) {
+        QCOMPARE(*value, CDbl(text, VbLocale::EnUS));
+    } else {
+        // Not numeric or out of range: CDbl raises 13 or 6 where NumericValue gives none.
+        try {
+            CDbl(text, VbLocale::EnUS);
+            QFAIL("CDbl read a number that NumericValue refused");
+        } catch (const VemoError& error) {
+            QVERIFY(error.number() == 13 || error.number() == 6);
+        }
+    }
+}
+
+void tst_VbConversion::readPlainDecimalRoundsAsFromChars()
+{
+    // Random plain decimals of 1 to 19 digits with the point anywhere: every one must read to
+    // the very double that the correctly rounding std::from_chars reads.
+    std::mt19937_64 random(20261121);
+    std::uniform_int_distribution<int> digitCount(1, 19);
+    std::uniform_int_distribution<int> digit(0, 9);
+    for (int i = 0; i < 50000; ++i) {
+        const int digits = digitCount(random);
+        const int point = std::uniform_int_distribution<int>(0, digits)(random);
+        std::string ascii = random() % 2 ? "-" : "";
+        for (int d = 0; d < digits; ++d) {
+            if (d == point && point > 0)
+                ascii += '.';
+            ascii += char('0' + digit(random));
+        }
+        double expected = 0;
+        std::from_chars(ascii.data(), ascii.data() + ascii.size(), expected);
+        double value = 0;
+        QVERIFY2(ReadPlainDecimal(QString::fromStdString(ascii), value), ascii.c_str());
+        QVERIFY2(std::bit_cast<quint64>(value) == std::bit_cast<quint64>(expected), ascii.c_str());
+    }
 }
 
 void tst_VbConversion::cstr_data()

@@ -8,9 +8,11 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include <QTest>
 
+#include <bit>
 #include <climits>
 #include <functional>
 #include <optional>
@@ -73,6 +75,7 @@ private slots:
     void numberRecord_data();
     void numberRecord();
     void recordsFollowEachOther();
+    void manyRecordsArriveInOrder();
 
     void labelOf247BytesAccepted();
     void labelTooLongRefused_data();
@@ -241,6 +244,51 @@ void tst_ExcelFile::recordsFollowEachOther()
     const QByteArray expected = Bof + QByteArray::fromHex("0400 0900 0000 0000 000000 01 61") +
                                 QByteArray::fromHex("0200 0900 0000 0100 000000 0700") +
                                 QByteArray::fromHex("0400 0a00 0100 0000 000000 02 6263") + Eof;
+    QCOMPARE(contentsOf(path), expected);
+}
+
+void tst_ExcelFile::manyRecordsArriveInOrder()
+{
+    // Some 600 KB of records of every kind and length: the writer gathers them in blocks, and
+    // no record may be lost, doubled or cut where one block ends and the next begins.
+    const QString path = freshPath();
+    QByteArray expected = Bof;
+    ExcelFile excel;
+    excel.OpenFile(path);
+    for (int i = 0; i < 30000; ++i) {
+        const auto row = short(1 + i % 30000);
+        const auto col = uchar(1 + i % 200);
+        // Row and column (two bytes each, from 0) and three attribute bytes.
+        QByteArray place(7, 0);
+        place[0] = char((row - 1) & 0xFF);
+        place[1] = char((row - 1) >> 8);
+        place[2] = char(col - 1);
+        switch (i % 3) {
+        case 0: {
+            const QByteArray text(i % 120, char('a' + i % 26));
+            excel.EWriteString(row, col, QString::fromLatin1(text));
+            expected += QByteArray::fromHex("0400") + char(8 + text.size()) + char(0) + place +
+                        char(text.size()) + text;
+            break;
+        }
+        case 1:
+            excel.EWriteInteger(row, col, i);
+            expected +=
+                QByteArray::fromHex("0200 0900") + place + char(i & 0xFF) + char((i >> 8) & 0xFF);
+            break;
+        default: {
+            const double value = i / 8.0;
+            excel.EWriteFloat(row, col, value);
+            QByteArray bytes(8, 0);
+            qToLittleEndian(std::bit_cast<quint64>(value), bytes.data());
+            expected += QByteArray::fromHex("0300 0f00") + place + bytes;
+        }
+        }
+    }
+    excel.CloseFile();
+    expected += Eof;
+
+    QVERIFY(expected.size() > 500 * 1024);
     QCOMPARE(contentsOf(path), expected);
 }
 

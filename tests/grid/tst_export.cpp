@@ -307,6 +307,10 @@ void tst_Export::cellByColumnType_data()
     row("long huge dropped", eLong, false, "3000000000", nothing);
     row("long text keeps no commas", eLong, false, " a,b ", {text("ab")});
     row("long 12a", eLong, false, "12a", {text("12a")});
+    row("long comma first", eLong, false, ",5", {integer(1, 0, 5)});
+    row("long comma before the point", eLong, false, "1,.5", {integer(1, 0, 2)});
+    row("long 1,234.5 half to even", eLong, false, "1,234.5", {integer(1, 0, 1234)});
+    row("long exponent", eLong, false, "1,2e3", {integer(1, 0, 12000)});
 
     // eCurrency, eNumeric: trimmed, numeric → NUMBER, else LABEL of the trimmed text.
     row("currency padded", eCurrency, false, "  2.5  ", {number(1, 0, 2.5)});
