@@ -87,13 +87,13 @@ void VemoGrid::AddItem(const QString& Item, int Index)
         d->flex->AddItem(Item, Index);
         newRow = Index;
     }
+    FlexCellStore& store = FlexGridPrivate::get(d->flex)->store;
     for (int c = d->flex->FixedCols(); c < d->flex->Cols(); ++c) {
         if (d->typeOf(c) == eCheckBox) {
             d->drawCheckBoxes(c, newRow);
         } else if (std::size_t(c) < d->columns.size() && d->columns[std::size_t(c)]->AutoAdd() &&
-                   d->flex->cells().textView(newRow, c).isEmpty()) {
-            FlexGridPrivate::get(d->flex)->store.setText(newRow, c,
-                                                         DecimalText(d->runningNumber).view());
+                   store.textView(newRow, c).isEmpty()) {
+            store.setText(newRow, c, DecimalText(d->runningNumber).view());
             ++d->runningNumber;
         }
     }
