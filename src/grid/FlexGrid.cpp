@@ -129,7 +129,7 @@ void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int new
     if (!cellChanges && !selectionChanges)
         return;
     if (cellChanges)
-        notifyLeaveCell();
+        notify(&FlexCellEventSink::hostedLeaveCell, &FlexGrid::LeaveCell);
     row = newRow;
     col = newCol;
     rowSel = newRowSel;
@@ -138,10 +138,10 @@ void FlexGridPrivate::moveCurrent(int newRow, int newCol, int newRowSel, int new
         ++cellMoves;
     requestRepaint();
     if (selectionChanges)
-        notifySelChange();
+        notify(&FlexCellEventSink::hostedSelChange, &FlexGrid::SelChange);
     if (cellChanges) {
-        notifyEnterCell();
-        notifyRowColChange();
+        notify(&FlexCellEventSink::hostedEnterCell, &FlexGrid::EnterCell);
+        notify(&FlexCellEventSink::hostedRowColChange, &FlexGrid::RowColChange);
     }
 }
 
@@ -154,39 +154,15 @@ void FlexGridPrivate::setSelection(int newRowSel, int newColSel, bool quiet)
     colSel = newColSel;
     requestRepaint();
     if (!quiet)
-        notifySelChange();
+        notify(&FlexCellEventSink::hostedSelChange, &FlexGrid::SelChange);
 }
 
-void FlexGridPrivate::notifyLeaveCell()
+void FlexGridPrivate::notify(void (FlexCellEventSink::*hosting)(), void (FlexGrid::*signal)())
 {
     if (cellEventSink)
-        cellEventSink->hostedLeaveCell();
+        (cellEventSink->*hosting)();
     if (cellSignalsWanted)
-        Q_EMIT q->LeaveCell();
-}
-
-void FlexGridPrivate::notifySelChange()
-{
-    if (cellEventSink)
-        cellEventSink->hostedSelChange();
-    if (cellSignalsWanted)
-        Q_EMIT q->SelChange();
-}
-
-void FlexGridPrivate::notifyEnterCell()
-{
-    if (cellEventSink)
-        cellEventSink->hostedEnterCell();
-    if (cellSignalsWanted)
-        Q_EMIT q->EnterCell();
-}
-
-void FlexGridPrivate::notifyRowColChange()
-{
-    if (cellEventSink)
-        cellEventSink->hostedRowColChange();
-    if (cellSignalsWanted)
-        Q_EMIT q->RowColChange();
+        Q_EMIT(q->*signal)();
 }
 
 void FlexGridPrivate::clampCurrentCell()

@@ -135,11 +135,9 @@ public:
     void moveCurrent(int newRow, int newCol, int newRowSel, int newColSel);
     /// Moves only the selection corners; SelChange when they changed (unless `quiet`).
     void setSelection(int newRowSel, int newColSel, bool quiet = false);
-    /// The cell events, to the hosting grid and then to the signals' receivers.
-    void notifyLeaveCell();
-    void notifySelChange();
-    void notifyEnterCell();
-    void notifyRowColChange();
+    /// A cell event (LeaveCell, SelChange, EnterCell, RowColChange): to the hosting grid, then
+    /// to the signal's receivers.
+    void notify(void (FlexCellEventSink::*hosting)(), void (FlexGrid::*signal)());
     /// The corners after SelectionMode widened them to whole rows or columns.
     void applySelectionMode(int& newRowSel, int& newColSel) const;
     /// After Rows/Cols/RemoveItem: brings the current cell and selection back into the grid.
