@@ -322,9 +322,17 @@ struct FlexCellStore::Private
 
     std::uint32_t changedLook(std::uint32_t from, FormatField field, double value)
     {
-        LookTransition& slot = transitionSlot(from, field, value);
+        const LookTransition& slot = transitionSlot(from, field, value);
         if (slot.valid && slot.from == from && slot.field == field && slot.value == value)
             return slot.to;
+        return buildChangedLook(from, field, value);
+    }
+
+    /// The cache miss of changedLook, kept out of line: the hit, a few compares, runs once per
+    /// cell of every pass and should not pay this path's register spills.
+    Q_NEVER_INLINE std::uint32_t buildChangedLook(std::uint32_t from, FormatField field,
+                                                  double value)
+    {
         FlexCellFormat look = looks[from];
         applyField(look, field, value);
         const std::uint64_t generation = lookGeneration;
