@@ -328,8 +328,8 @@ struct FlexCellStore::Private
         return buildChangedLook(from, field, value);
     }
 
-    /// The cache miss of changedLook, kept out of line: the hit, a few compares, runs once per
-    /// cell of every pass and should not pay this path's register spills.
+    /// The cache miss of changedLook, kept out of line so that the hit, which runs once per cell
+    /// of every pass, stays a few compares.
     Q_NEVER_INLINE std::uint32_t buildChangedLook(std::uint32_t from, FormatField field,
                                                   double value)
     {
