@@ -231,7 +231,8 @@ QVariant fromJsonValue(const QJsonValue& json, QMetaType::Type type)
 
 QVariant MemoryPropertyBag::ReadProperty(const QString& name, const QVariant& defaultValue) const
 {
-    return find(name) ? value(name) : defaultValue;
+    const Entry* const entry = find(name);
+    return entry ? valueOf(*entry) : defaultValue;
 }
 
 void MemoryPropertyBag::WriteProperty(const QString& name, const QVariant& value,
@@ -262,11 +263,14 @@ QStringList MemoryPropertyBag::names() const
 QVariant MemoryPropertyBag::value(const QString& name) const
 {
     const Entry* const entry = find(name);
-    if (!entry)
-        return QVariant();
-    if (kindOf(entry->value) == Kind::Object && !entry->object)
-        return QVariant(entry->value.metaType()); // a null pointer of the stored type
-    return entry->value;
+    return entry ? valueOf(*entry) : QVariant();
+}
+
+QVariant MemoryPropertyBag::valueOf(const Entry& entry)
+{
+    if (kindOf(entry.value) == Kind::Object && !entry.object)
+        return QVariant(entry.value.metaType()); // a null pointer of the stored type
+    return entry.value;
 }
 
 void MemoryPropertyBag::clear()
@@ -278,7 +282,7 @@ QByteArray MemoryPropertyBag::toJson(QStringList* leftOut) const
 {
     QJsonArray properties;
     for (const Entry& entry : m_entries) {
-        const QVariant stored = value(entry.name);
+        const QVariant stored = valueOf(entry);
         const std::optional<QJsonValue> json = toJsonValue(stored);
         if (!json) {
             if (leftOut)
@@ -350,12 +354,15 @@ const MemoryPropertyBag::Entry* MemoryPropertyBag::find(const QString& name) con
     return found == m_entries.end() ? nullptr : &*found;
 }
 
+MemoryPropertyBag::Entry* MemoryPropertyBag::find(const QString& name)
+{
+    return const_cast<Entry*>(std::as_const(*this).find(name));
+}
+
 void MemoryPropertyBag::store(const QString& name, const QVariant& value)
 {
     Entry entry{name, value, objectOf(value)};
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
-                                    [&](const Entry& e) { return e.name == name; });
-    if (found != m_entries.end())
+    if (Entry* const found = find(name))
         *found = std::move(entry);
     else
         m_entries.push_back(std::move(entry));

@@ -79,6 +79,9 @@ private:
     };
 
     const Entry* find(const QString& name) const;
+    Entry* find(const QString& name);
+    /// An entry's value as `value` gives it.
+    static QVariant valueOf(const Entry& entry);
     /// Stores `value` under `name` in place or at the end, whatever its default.
     void store(const QString& name, const QVariant& value);
 

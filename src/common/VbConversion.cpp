@@ -517,9 +517,14 @@ double CDbl(const QString& text, VbLocale locale)
     return number.value;
 }
 
-std::optional<double> NumericValue(const QString& text, VbLocale locale)
+std::optional<double> NumericValue(QStringView text, VbLocale locale)
 {
-    const ParsedNumber number = scanNumber(text, locale);
+    if (double value = 0; ReadPlainDecimal(text, value))
+        return value;
+    // An empty text is never numeric: no copy for the scanner then.
+    if (text.isEmpty())
+        return std::nullopt;
+    const ParsedNumber number = scanNumber(text.toString(), locale);
     if (number.status != ParseStatus::Ok)
         return std::nullopt;
     return number.value;

@@ -23,9 +23,10 @@ VEMOGRIDLIB_EXPORT bool IsNumeric(const QString& text, VbLocale locale = userLoc
 /// numeric, 6 (Overflow) beyond the Double range.
 VEMOGRIDLIB_EXPORT double CDbl(const QString& text, VbLocale locale = userLocale());
 
-/// `IsNumeric` and `CDbl` in one scan, without an exception: the value, or none where `CDbl`
-/// would throw. For the callers that meet many texts that are not numbers.
-VEMOGRIDLIB_EXPORT std::optional<double> NumericValue(const QString& text,
+/// `IsNumeric` and `CDbl` in one step, without an exception: the value, or none where `CDbl`
+/// would throw. Plain decimals are read by `ReadPlainDecimal`, without the full scanner; for the
+/// callers that read many cells (sorting, export, auto-calculation).
+VEMOGRIDLIB_EXPORT std::optional<double> NumericValue(QStringView text,
                                                       VbLocale locale = userLocale());
 
 /// The value `CDbl` reads from a plain decimal — scanner white around, one leading sign, digits

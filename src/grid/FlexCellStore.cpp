@@ -167,6 +167,17 @@ struct FlexCellStore::Private
         return storeInArena(text);
     }
 
+    /// Puts `text` in the cell `ref`; false when the cell held it already.
+    bool replaceText(CellRef& ref, QStringView text)
+    {
+        if (view(ref) == text)
+            return false;
+        const CellRef stored = store(text);
+        release(ref);
+        ref = stored;
+        return true;
+    }
+
     /// Copies every live text into fresh pages once most of the arena is overwritten text.
     void collectGarbageIfWorthIt()
     {
@@ -333,13 +344,24 @@ struct FlexCellStore::Private
     Q_NEVER_INLINE std::uint32_t buildChangedLook(std::uint32_t from, FormatField field,
                                                   double value)
     {
+        return internChanged(
+            from, [&](FlexCellFormat& look) { applyField(look, field, value); },
+            [&](std::uint32_t to) {
+                transitionSlot(from, field, value) = {from, to, value, field, true};
+            });
+    }
+
+    /// Look `from` after `change`, interned; `remember(to)` caches the step unless interning
+    /// renumbered the looks (which makes `from` stale and empties the caches anyway).
+    template <typename Change, typename Remember>
+    std::uint32_t internChanged(std::uint32_t from, Change&& change, Remember&& remember)
+    {
         FlexCellFormat look = looks[from];
-        applyField(look, field, value);
+        change(look);
         const std::uint64_t generation = lookGeneration;
         const std::uint32_t to = intern(look);
-        // A renumbering inside intern makes `from` stale; the cache was emptied then anyway.
         if (generation == lookGeneration)
-            transitionSlot(from, field, value) = {from, to, value, field, true};
+            remember(to);
         return to;
     }
 
@@ -487,13 +509,8 @@ QStringView FlexCellStore::textView(int row, int col) const
 void FlexCellStore::setText(int row, int col, QStringView text)
 {
     Q_ASSERT(row >= 0 && row < rowCount() && col >= 0 && col < colCount());
-    CellRef& ref = d->columns[std::size_t(col)].texts[d->storageRow(row)];
-    if (d->view(ref) == text)
-        return;
-    const CellRef stored = d->store(text);
-    d->release(ref);
-    ref = stored;
-    d->collectGarbageIfWorthIt();
+    if (d->replaceText(d->columns[std::size_t(col)].texts[d->storageRow(row)], text))
+        d->collectGarbageIfWorthIt();
 }
 
 void FlexCellStore::setRowTexts(int row, QStringView fields)
@@ -503,13 +520,7 @@ void FlexCellStore::setRowTexts(int row, QStringView fields)
     const QChar* from = fields.begin();
     for (ColumnStore& column : d->columns) {
         const QChar* const to = std::find(from, fields.end(), QChar(u'\t'));
-        const QStringView text(from, to);
-        CellRef& ref = column.texts[s];
-        if (d->view(ref) != text) {
-            const CellRef stored = d->store(text);
-            d->release(ref);
-            ref = stored;
-        }
+        d->replaceText(column.texts[s], QStringView(from, to));
         if (to == fields.end())
             break;
         from = to + 1;
@@ -560,13 +571,9 @@ void FlexCellStore::changeFormat(int row, int col, quint64 key,
         d->setLookId(column, s, slot.to);
         return;
     }
-    FlexCellFormat look = d->looks[from];
-    change(look);
-    const std::uint64_t generation = d->lookGeneration;
-    const std::uint32_t to = d->intern(look);
-    // A renumbering inside intern makes `from` stale; the cache was emptied then anyway.
-    if (generation == d->lookGeneration)
-        slot = {from, to, key, true};
+    const std::uint32_t to = d->internChanged(from, change, [&](std::uint32_t changed) {
+        slot = {from, changed, key, true};
+    });
     d->setLookId(column, s, to);
 }
 
@@ -575,6 +582,13 @@ void FlexCellStore::setFormatValueBanded(int col, int firstRow, int lastRow, For
 {
     Q_ASSERT(col >= 0 && col < colCount() && firstRow >= 0 && lastRow < rowCount());
     ColumnStore& column = d->columns[std::size_t(col)];
+    if (firstRow == lastRow) {
+        // One row (a row added): nothing to remember between rows.
+        const std::uint32_t s = d->storageRow(firstRow);
+        const double value = ((firstRow - evenRow) & 1) != 0 ? oddValue : evenValue;
+        d->setLookId(column, s, d->changedLook(d->lookId(column, s), field, value));
+        return;
+    }
     // A column's cells mostly share a look, so each band remembers its last change.
     struct Change
     {

@@ -4,7 +4,6 @@
 #include "grid/FlexGrid_p.h"
 
 #include "common/VbConversion.h"
-#include "common/VemoError.h"
 
 #include <algorithm>
 #include <array>
@@ -17,28 +16,9 @@ namespace VemoGridLib {
 
 namespace {
 
-/// VB's IsNumeric / CDbl reading of a cell (vb-semantics.md §4), with the plain fast path.
-bool readNumber(QStringView text, vb::VbLocale locale, double& value)
-{
-    if (vb::ReadPlainDecimal(text, value))
-        return true;
-    if (text.isEmpty())
-        return false;
-    const QString copy = text.toString();
-    if (!vb::IsNumeric(copy, locale))
-        return false;
-    try {
-        value = vb::CDbl(copy, locale);
-    } catch (const VemoError&) {
-        return false;
-    }
-    return true;
-}
-
 double numberOrZero(QStringView text, vb::VbLocale locale)
 {
-    double value = 0;
-    return readNumber(text, locale, value) ? value : 0;
+    return vb::NumericValue(text, locale).value_or(0);
 }
 
 int sign(double difference)
@@ -70,12 +50,11 @@ struct GenericKey
 
 GenericKey genericKey(QStringView text, vb::VbLocale locale)
 {
-    GenericKey key{2, 0, text};
     if (text.isEmpty())
-        key.rank = 0;
-    else if (readNumber(text, locale, key.number))
-        key.rank = 1;
-    return key;
+        return {0, 0, text};
+    if (const std::optional<double> number = vb::NumericValue(text, locale))
+        return {1, *number, text};
+    return {2, 0, text};
 }
 
 int compareGeneric(const GenericKey& a, const GenericKey& b)

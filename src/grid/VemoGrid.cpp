@@ -81,11 +81,15 @@ VemoGridLib::Column* VemoGridPrivate::column(int col) const
     return columns[std::size_t(col)];
 }
 
+VemoGridLib::Column* VemoGridPrivate::columnOrNull(int col) const
+{
+    return col >= 0 && std::size_t(col) < columns.size() ? columns[std::size_t(col)] : nullptr;
+}
+
 VemoGridColType VemoGridPrivate::typeOf(int col) const
 {
-    if (col < 0 || std::size_t(col) >= columns.size())
-        return eTextBox;
-    return columns[std::size_t(col)]->colType();
+    const VemoGridLib::Column* const found = columnOrNull(col);
+    return found ? found->colType() : eTextBox;
 }
 
 void VemoGridPrivate::resizeColumns(int cols)
@@ -111,29 +115,18 @@ void VemoGridPrivate::colourRows(int startRow)
     FlexCellStore& store = FlexGridPrivate::get(flex)->store;
     for (int c = flex->FixedCols(); c < cols; ++c) {
         // At design time, and for a column without its Column, every column is banded.
-        const VemoGridLib::Column* const column =
-            userMode && std::size_t(c) < columns.size() ? columns[std::size_t(c)] : nullptr;
+        const VemoGridLib::Column* const column = userMode ? columnOrNull(c) : nullptr;
         const bool numbered = column && column->AutoAdd();
         const bool readOnly = numbered || (column && column->Locked());
         const OleColor even = readOnly ? readOnlyColor : backColor1;
         const OleColor odd = readOnly ? readOnlyColor : backColor2;
+        store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::BackColor, even,
+                                   odd, fixedRows);
         // A check box's marker text stays hidden in its cell's new colour (Part 1.1 draws it
         // in the background colour); the pass would otherwise uncover it.
-        const bool checkBox = column && column->colType() == eCheckBox;
-        if (first == rows - 1) {
-            // One row, as AddItem colours it.
-            const OleColor colour = (first - fixedRows) % 2 == 0 ? even : odd;
-            store.setFormatValue(first, c, FlexCellStore::FormatField::BackColor, colour);
-            if (checkBox)
-                store.setFormatValue(first, c, FlexCellStore::FormatField::ForeColor, colour);
-        } else {
-            store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::BackColor,
+        if (column && column->colType() == eCheckBox)
+            store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::ForeColor,
                                        even, odd, fixedRows);
-            if (checkBox)
-                store.setFormatValueBanded(c, first, rows - 1,
-                                           FlexCellStore::FormatField::ForeColor, even, odd,
-                                           fixedRows);
-        }
         for (int r = first; numbered && r < rows; ++r) {
             if (store.textView(r, c).isEmpty())
                 flex->setTextMatrix(r, c, QString::number(r));
@@ -271,8 +264,8 @@ void VemoGridPrivate::onHostedClick()
     const bool inFixedRows = lastMouseRow < flex->FixedRows();
     const bool inFixedCols = lastMouseCol < flex->FixedCols();
     if (inFixedRows) {
-        if (!inFixedCols && sortable && std::size_t(lastMouseCol) < columns.size() &&
-            columns[std::size_t(lastMouseCol)]->SortType() != VemoSortNone)
+        const VemoGridLib::Column* const clicked = columnOrNull(lastMouseCol);
+        if (!inFixedCols && sortable && clicked && clicked->SortType() != VemoSortNone)
             sort(lastMouseCol, SortNone);
         return;
     }
@@ -772,9 +765,8 @@ QAbstractItemModel* VemoGrid::DataSource() const
 
 void VemoGrid::setDataSource(QAbstractItemModel* model)
 {
-    d->suppressEvents = true;
     {
-        const auto clear = qScopeGuard([this] { d->suppressEvents = false; });
+        const auto suppressed = d->suppressEventsInScope();
         d->flex->setDataSource(model);
     }
     d->changed(QStringLiteral("DataSource"));

@@ -50,11 +50,11 @@ void VemoGridPrivate::autoCalculate()
         autoCalc1 <= 0 || autoCalc2 <= 0)
         return;
     const int row = flex->Row();
-    const QString a = q->TextMatrix(row, autoCalc1);
-    const QString b = q->TextMatrix(row, autoCalc2);
-    if (!vb::IsNumeric(a) || !vb::IsNumeric(b))
+    const std::optional<double> a = vb::NumericValue(q->TextMatrix(row, autoCalc1));
+    const std::optional<double> b = vb::NumericValue(q->TextMatrix(row, autoCalc2));
+    if (!a || !b)
         return;
-    const std::optional<double> result = apply(autoCalcOPE, vb::CDbl(a), vb::CDbl(b));
+    const std::optional<double> result = apply(autoCalcOPE, *a, *b);
     if (!result)
         return;
 

@@ -6,7 +6,6 @@
 #include "common/VbConversion.h"
 #include "common/VbStrings.h"
 
-#include <exception>
 #include <optional>
 
 namespace VemoGridLib {
@@ -18,35 +17,12 @@ constexpr int LastSheetRow = 32767;
 // The writer takes `Col` as one byte, and the data loop's column counter is one byte as well.
 constexpr int LastByteColumn = 255;
 
-// Part 1.8 runs the export with errors ignored: a failing statement is skipped on its own.
-template <typename Statement>
-bool guarded(Statement&& statement)
-{
-    try {
-        statement();
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
 // How a data column's cells are written (Part 1.8's table, `AutoAdd` first).
 struct ColumnKind
 {
     bool autoAdd = false;
     VemoGridColType type = eTextBox;
 };
-
-// IsNumeric is exactly "CDbl succeeds" (VbConversion.h), so one scan decides and reads the value;
-// plain decimals, most cells, skip the full scanner.
-std::optional<double> numberOf(const QString& text, vb::VbLocale locale)
-{
-    if (text.isEmpty())
-        return std::nullopt;
-    if (double value = 0; vb::ReadPlainDecimal(text, value))
-        return value;
-    return vb::NumericValue(text, locale);
-}
 
 /// A cell's text as a QString sharing the cell's characters: the cell store is not touched while
 /// one cell is written.
@@ -84,7 +60,7 @@ void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, Column
         }
         if (value.contains(QLatin1Char(',')))
             value.remove(QLatin1Char(','));
-        if (const std::optional<double> number = numberOf(value, locale))
+        if (const std::optional<double> number = vb::NumericValue(value, locale))
             excel.EWriteInteger(row, col, vb::CLng(*number));
         else if (!value.isEmpty())
             excel.EWriteString(row, col, value);
@@ -93,7 +69,7 @@ void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, Column
     case eCurrency:
     case eNumeric: {
         const QString value = trimmed(t);
-        if (const std::optional<double> number = numberOf(value, locale))
+        if (const std::optional<double> number = vb::NumericValue(value, locale))
             excel.EWriteFloat(row, col, *number);
         else
             excel.EWriteString(row, col, value);
@@ -109,7 +85,8 @@ void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, Column
 
 void VemoGrid::ExportToExcel(const QString& FileName)
 {
-    if (!guarded([&] {
+    // Part 1.8 runs the export with errors ignored: a failing statement is skipped on its own.
+    if (!ignoringErrors([&] {
             if (!d->excel)
                 d->excel = std::make_unique<ExcelFile>();
         }))
@@ -117,7 +94,7 @@ void VemoGrid::ExportToExcel(const QString& FileName)
     ExcelFile& excel = *d->excel;
     // A file that cannot be opened makes every later write and the close fail with no effect,
     // so stopping here changes nothing but the time spent.
-    if (!guarded([&] { excel.OpenFile(FileName); }))
+    if (!ignoringErrors([&] { excel.OpenFile(FileName); }))
         return;
 
     const FlexGrid& flex = *d->flex;
@@ -131,7 +108,8 @@ void VemoGrid::ExportToExcel(const QString& FileName)
 
     for (int r = 0; r < fixedRows && r + 1 <= LastSheetRow; ++r) {
         for (int c = 1; c < cols && c <= LastByteColumn; ++c)
-            guarded([&] { excel.EWriteString(short(r + 1), uchar(c), cells.textView(r, c)); });
+            ignoringErrors(
+                [&] { excel.EWriteString(short(r + 1), uchar(c), cells.textView(r, c)); });
     }
 
     // With more than 256 columns the one-byte counter cannot hold the loop bound: the VB loop
@@ -140,10 +118,10 @@ void VemoGrid::ExportToExcel(const QString& FileName)
         for (int c = 1; c < cols; ++c) {
             ColumnKind kind;
             // A column without a `Column` object (design time) keeps the defaults: plain text.
-            guarded([&] { kind.autoAdd = d->column(c)->AutoAdd(); });
-            guarded([&] { kind.type = d->typeOf(c); });
+            ignoringErrors([&] { kind.autoAdd = d->column(c)->AutoAdd(); });
+            ignoringErrors([&] { kind.type = d->typeOf(c); });
             for (int r = fixedRows; r < rows && r + 1 <= LastSheetRow; ++r) {
-                guarded([&] {
+                ignoringErrors([&] {
                     writeDataCell(excel, short(r + 1), uchar(c), cells.textView(r, c), kind,
                                   locale);
                 });
@@ -151,7 +129,7 @@ void VemoGrid::ExportToExcel(const QString& FileName)
         }
     }
 
-    guarded([&] { excel.CloseFile(); });
+    ignoringErrors([&] { excel.CloseFile(); });
 }
 
 } // namespace VemoGridLib

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <exception>
 #include <limits>
 #include <string_view>
 #include <type_traits>
@@ -379,22 +378,11 @@ QVariant readDefaultOf(const SavedProperty& property, const QWidget& control)
     return QVariant::fromValue(container ? container->font() : QApplication::font());
 }
 
-/// Overview "errors ignored": a failing step is skipped and the next one runs.
-template <typename Step>
-void skippingFailure(Step&& step)
-{
-    try {
-        step();
-    } catch (const std::exception&) { // VemoError, the API's refusals, is one of them
-    }
-}
-
 } // namespace
 
 void VemoGrid::InitProperties()
 {
-    setCols(d->flex->Cols());
-    setRows(d->flex->Rows());
+    ReSetData();
 }
 
 void VemoGrid::ReadProperties(const PropertyBag& bag)
@@ -402,7 +390,7 @@ void VemoGrid::ReadProperties(const PropertyBag& bag)
     // Step 1: each value goes to its target at once, so later rows see the earlier ones (the
     // hosted sizes before the fixed counts, everything before "FormatString").
     for (const SavedProperty& property : savedProperties()) {
-        skippingFailure([&] {
+        ignoringErrors([&] {
             const QVariant value = bag.ReadProperty(QString::fromLatin1(property.name),
                                                     readDefaultOf(property, *this));
             property.access.apply(*d, value);
@@ -410,15 +398,15 @@ void VemoGrid::ReadProperties(const PropertyBag& bag)
     }
     // Step 2: through the grid's own setters, so the Column array follows the hosted Cols (user
     // mode) and the rows get their colours and fixed counts of at least 1.
-    skippingFailure([&] { setCols(d->flex->Cols()); });
-    skippingFailure([&] { setRows(d->flex->Rows()); });
+    ignoringErrors([&] { setCols(d->flex->Cols()); });
+    ignoringErrors([&] { setRows(d->flex->Rows()); });
 }
 
 void VemoGrid::WriteProperties(PropertyBag& bag) const
 {
     for (const std::string_view name : WriteOrder) {
         const SavedProperty& property = savedProperty(name);
-        skippingFailure([&] {
+        ignoringErrors([&] {
             bag.WriteProperty(QString::fromLatin1(property.name), property.access.value(*d),
                               property.writeDefault);
         });

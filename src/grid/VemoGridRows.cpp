@@ -7,9 +7,6 @@
 #include "common/Messages.h"
 #include "common/VbDateTime.h"
 #include "common/VbFormat.h"
-#include "common/VemoError.h"
-
-#include <QScopeGuard>
 
 #include <algorithm>
 #include <array>
@@ -61,8 +58,7 @@ bool VemoGridPrivate::rowIsEmpty(int row) const
 void VemoGridPrivate::writeChecked(int row, int col, bool checked)
 {
     {
-        suppressEvents = true;
-        const auto clear = qScopeGuard([this] { suppressEvents = false; });
+        const auto suppressed = suppressEventsInScope();
         flex->setTextMatrix(row, col, checked ? CheckedMarker : UncheckedMarker);
     }
     drawCheckBoxes(col, row);
@@ -89,10 +85,14 @@ void VemoGrid::AddItem(const QString& Item, int Index)
     }
     FlexCellStore& store = FlexGridPrivate::get(d->flex)->store;
     for (int c = d->flex->FixedCols(); c < d->flex->Cols(); ++c) {
-        if (d->typeOf(c) == eCheckBox) {
-            d->drawCheckBoxes(c, newRow);
-        } else if (std::size_t(c) < d->columns.size() && d->columns[std::size_t(c)]->AutoAdd() &&
-                   store.textView(newRow, c).isEmpty()) {
+        const VemoGridLib::Column* const column = d->columnOrNull(c);
+        if (!column)
+            continue;
+        if (column->colType() == eCheckBox) {
+            // The check-box pass for this one cell (none at design time).
+            if (d->userMode)
+                d->drawCheckBox(newRow, c);
+        } else if (column->AutoAdd() && store.textView(newRow, c).isEmpty()) {
             store.setText(newRow, c, DecimalText(d->runningNumber).view());
             ++d->runningNumber;
         }
@@ -130,35 +130,29 @@ void VemoGrid::RemoveItem(int Index)
 
 void VemoGrid::Clear()
 {
-    // Part 1.5 runs Clear with errors ignored: each step is guarded on its own.
-    const auto step = [](auto&& work) {
-        try {
-            work();
-        } catch (const VemoError&) {
-        }
-    };
+    // Part 1.5 runs Clear with errors ignored: each step on its own.
     FlexGrid* const flex = d->flex;
-    step([this] { d->commitEdit(); });
+    ignoringErrors([this] { d->commitEdit(); });
     const BulkPass pass(*d, qint64(flex->Rows()) * flex->Cols());
-    step([this] { d->removeSortMark(); });
+    ignoringErrors([this] { d->removeSortMark(); });
     const QString format = flex->FormatString();
     const int fixedRows = flex->FixedRows();
     const int fixedCols = flex->FixedCols();
     std::vector<int> widths;
     for (int c = 0; c < flex->Cols(); ++c)
         widths.push_back(flex->ColWidth(c));
-    step([flex] { flex->Clear(); });
-    step([flex, &format] { flex->setFormatString(format); });
+    ignoringErrors([flex] { flex->Clear(); });
+    ignoringErrors([flex, &format] { flex->setFormatString(format); });
     for (int c = 0; c < int(widths.size()); ++c)
-        step([flex, c, &widths] { flex->setColWidth(c, widths[std::size_t(c)]); });
-    step([flex, fixedCols] { flex->setFixedCols(fixedCols); });
-    step([flex, fixedRows] { flex->setFixedRows(fixedRows); });
-    step([flex, fixedRows] { flex->setRows(fixedRows + 1); });
-    step([this, fixedRows] { d->moveHostedCell(fixedRows, d->flex->Col()); });
-    step([this] { d->drawCheckBoxes(-1, -1); });
-    step([this] { d->colourRows(-1); });
+        ignoringErrors([flex, c, &widths] { flex->setColWidth(c, widths[std::size_t(c)]); });
+    ignoringErrors([flex, fixedCols] { flex->setFixedCols(fixedCols); });
+    ignoringErrors([flex, fixedRows] { flex->setFixedRows(fixedRows); });
+    ignoringErrors([flex, fixedRows] { flex->setRows(fixedRows + 1); });
+    ignoringErrors([this, fixedRows] { d->moveHostedCell(fixedRows, d->flex->Col()); });
+    ignoringErrors([this] { d->drawCheckBoxes(-1, -1); });
+    ignoringErrors([this] { d->colourRows(-1); });
     d->markedRow = 0;
-    step([this] { d->redisplayCurrentCell(); });
+    ignoringErrors([this] { d->redisplayCurrentCell(); });
 }
 
 void VemoGrid::ClearStructure()
@@ -205,8 +199,7 @@ void VemoGrid::setTextMatrix(int Row, int Col, const QString& value)
                                    : vb::Format(vb::CDate(value), column->FormatString()));
         return;
     case ehyperlink: {
-        d->suppressEvents = true;
-        const auto clear = qScopeGuard([this] { d->suppressEvents = false; });
+        const auto suppressed = d->suppressEventsInScope();
         d->flex->setRow(Row);
         d->flex->setCol(Col);
         d->flex->setCellFontUnderline(true);

@@ -102,14 +102,20 @@ bool isoDateKey(QStringView text, DateKey& key)
     return true;
 }
 
+/// The key of any other text, by the general date formatting.
+QString formattedDateKey(const QString& text)
+{
+    static const QString keyFormat = QStringLiteral("yyyymmddHhNnSs");
+    return vb::Format(text, keyFormat);
+}
+
 } // namespace
 
 QString VemoGridPrivate::dateSortKey(const QString& text)
 {
     if (DateKey key; isoDateKey(text, key))
         return QString(reinterpret_cast<const QChar*>(key.data()), qsizetype(key.size()));
-    static const QString keyFormat = QStringLiteral("yyyymmddHhNnSs");
-    return vb::Format(text, keyFormat);
+    return formattedDateKey(text);
 }
 
 void VemoGridPrivate::sortByKeyColumn(int col, int setting, KeyKind kind)
@@ -132,7 +138,7 @@ void VemoGridPrivate::sortByKeyColumn(int col, int setting, KeyKind kind)
         } else if (DateKey key; isoDateKey(text, key)) {
             store.setText(r, keyCol, QStringView(key.data(), qsizetype(key.size())));
         } else {
-            store.setText(r, keyCol, dateSortKey(text.toString()));
+            store.setText(r, keyCol, formattedDateKey(text.toString()));
         }
     }
     flex->setCol(keyCol);

@@ -13,7 +13,9 @@
 
 #include <QPixmap>
 #include <QPointer>
+#include <QScopeGuard>
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -21,6 +23,20 @@
 namespace VemoGridLib {
 
 class VemoGridPrivate;
+
+/// The Overview's "errors ignored" (VB's On Error Resume Next), as `Clear`, `ReadProperties`,
+/// `WriteProperties` and `ExportToExcel` run their steps: a step that fails is skipped and the
+/// next one runs. True when `step` ran through.
+template <typename Step>
+bool ignoringErrors(Step&& step)
+{
+    try {
+        step();
+        return true;
+    } catch (const std::exception&) { // VemoError, the API's refusals, is one of them
+        return false;
+    }
+}
 
 /// A bulk pass of Part 1.1 (colouring, check boxes, sorting, row operations), for its scope:
 /// events suppressed and the hosted Redraw off; afterwards Redraw as it was and the suppression
@@ -120,6 +136,8 @@ public:
     void changed(const QString& name) { Q_EMIT q->PropertyChanged(name); }
     /// The `Column` of `col`, or VemoError 9 (bounds) when outside the array.
     VemoGridLib::Column* column(int col) const;
+    /// The `Column` of `col`, or none when the column has none (design time, outside the array).
+    VemoGridLib::Column* columnOrNull(int col) const;
     /// The column's type, `eTextBox` when the column has no `Column` (design time).
     VemoGridColType typeOf(int col) const;
     /// Resizes the `Column` array to `cols`, keeping existing objects.
@@ -136,6 +154,9 @@ public:
     void layoutHostedGrid();
     /// The hosted grid's frame from `BorderStyle` and `Appearance`.
     void applyFrame();
+    /// Puts `picture` into a cell's look directly (no current-cell move, no events); an
+    /// `alignment` below 0 keeps the cell's picture alignment.
+    void setPicture(int row, int col, const QPixmap& picture, int alignment = -1);
     /// Moves the current-row marker to `row` (0 removes it), events suppressed.
     void moveMarker(int row);
     /// The leave-cell step of Parts 1.3 and 1.7: unless events are suppressed, `LeaveCell`, then
@@ -151,6 +172,13 @@ public:
     void redisplayCurrentCell();
     /// Sets hosted `Row` / `Col` with events suppressed (the flag is then as it was).
     void moveHostedCell(int row, int col);
+    /// Suppresses events until the returned guard goes; the flag is then cleared, not restored,
+    /// as after a bulk pass.
+    [[nodiscard]] auto suppressEventsInScope()
+    {
+        suppressEvents = true;
+        return qScopeGuard([this] { suppressEvents = false; });
+    }
     /// Connects the hosted grid's events to the grid's handlers; the cell events come by
     /// FlexCellEventSink.
     void connectHostedGrid();
@@ -187,9 +215,6 @@ public:
     enum class KeyKind { Date, Currency };
     /// Sorts by a hidden column of keys made from `col`'s texts, with the hosted `setting`.
     void sortByKeyColumn(int col, int setting, KeyKind kind);
-    /// Puts `picture` into a cell's look directly (no current-cell move, no events); an
-    /// `alignment` below 0 keeps the cell's picture alignment.
-    void setPicture(int row, int col, const QPixmap& picture, int alignment = -1);
 
     // ---- Part 1.7 step (VemoGridAutoCalc.cpp) -------------------------------------------------
     /// Recomputes the result cell of the current row when the current column is an operand.
