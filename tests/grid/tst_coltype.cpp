@@ -10,6 +10,7 @@
 #include "grid/FlexGrid.h"
 #include "grid/VemoGrid.h"
 
+#include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"
 
 #include <QApplication>
@@ -21,6 +22,7 @@
 #include <optional>
 
 using namespace VemoGridLib;
+using VemoTest::lookOf;
 
 namespace {
 
@@ -47,24 +49,10 @@ std::unique_ptr<VemoGrid> makeGrid()
     return grid;
 }
 
-FlexCellFormat look(const VemoGrid& grid, int row, int col)
-{
-    return grid.hostedGrid()->cells().format(row, col);
-}
-
 /// A cell's rectangle inside its grid lines, in hosted viewport pixels.
 QRect innerCellRect(const VemoGrid& grid, int row, int col)
 {
-    const FlexGrid* flex = grid.hostedGrid();
-    const QWidget* viewport = flex->viewport();
-    const int left = twipsToPixelsX(flex->ColPos(col), viewport);
-    const int top = twipsToPixelsY(flex->RowPos(row), viewport);
-    const int right = col + 1 < flex->Cols() ? twipsToPixelsX(flex->ColPos(col + 1), viewport)
-                                             : left + twipsToPixelsX(flex->ColWidth(col), viewport);
-    const int bottom = row + 1 < flex->Rows()
-                           ? twipsToPixelsY(flex->RowPos(row + 1), viewport)
-                           : top + twipsToPixelsY(flex->RowHeight(row), viewport);
-    return QRect(QPoint(left + 2, top + 2), QPoint(right - 3, bottom - 3));
+    return VemoTest::cellRect(grid, row, col).adjusted(2, 2, -2, -2);
 }
 
 /// Pixels of `area` that differ from `background`.
@@ -203,7 +191,7 @@ void tst_ColType::colTypeOutOfRangeRaises9AndChangesNothing()
         QCOMPARE(grid->hostedGrid()->ColAlignment(c), SentinelAlignment);
         QCOMPARE(grid->hostedGrid()->ColWidth(c), SentinelWidth);
         for (int row = 1; row < 4; ++row)
-            QVERIFY(look(*grid, row, c).picture.isNull());
+            QVERIFY(lookOf(*grid, row, c).picture.isNull());
     }
     QCOMPARE(changed.count(), 0);
 }
@@ -346,12 +334,12 @@ void tst_ColType::checkBoxTypeDrawsBoxes()
     QCOMPARE(flex->ColWidth(2), 500);
     QCOMPARE(flex->ColAlignment(2), 0);
     for (int row = 1; row < 5; ++row) {
-        QVERIFY(!look(*grid, row, 2).picture.isNull());
-        QCOMPARE(look(*grid, row, 2).foreColor, look(*grid, row, 2).backColor);
+        QVERIFY(!lookOf(*grid, row, 2).picture.isNull());
+        QCOMPARE(lookOf(*grid, row, 2).foreColor, lookOf(*grid, row, 2).backColor);
     }
-    QCOMPARE(look(*grid, 1, 2).picture.toImage(), look(*grid, 3, 2).picture.toImage());
-    QVERIFY(look(*grid, 1, 2).picture.toImage() != look(*grid, 2, 2).picture.toImage());
-    QCOMPARE(look(*grid, 4, 2).picture.toImage(), look(*grid, 2, 2).picture.toImage());
+    QCOMPARE(lookOf(*grid, 1, 2).picture.toImage(), lookOf(*grid, 3, 2).picture.toImage());
+    QVERIFY(lookOf(*grid, 1, 2).picture.toImage() != lookOf(*grid, 2, 2).picture.toImage());
+    QCOMPARE(lookOf(*grid, 4, 2).picture.toImage(), lookOf(*grid, 2, 2).picture.toImage());
     // The pass restores the current cell.
     QCOMPARE(flex->Row(), 4);
     QCOMPARE(flex->Col(), 3);
@@ -360,7 +348,7 @@ void tst_ColType::checkBoxTypeDrawsBoxes()
     // unlike the unchecked ones.
     const QImage image = flex->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
     for (int row = 1; row < 5; ++row) {
-        const QColor background = toQColor(look(*grid, row, 2).backColor);
+        const QColor background = toQColor(lookOf(*grid, row, 2).backColor);
         QVERIFY2(inkPixels(image, innerCellRect(*grid, row, 2), background) > 10,
                  qPrintable(QStringLiteral("no box drawn in row %1").arg(row)));
     }
@@ -369,7 +357,7 @@ void tst_ColType::checkBoxTypeDrawsBoxes()
     QCOMPARE(crop(image, innerCellRect(*grid, 1, 2)), crop(image, innerCellRect(*grid, 3, 2)));
     QVERIFY(crop(image, innerCellRect(*grid, 1, 2)) != crop(image, innerCellRect(*grid, 4, 2)));
     // An empty text column of the same row shows no ink.
-    QCOMPARE(inkPixels(image, innerCellRect(*grid, 1, 1), toQColor(look(*grid, 1, 1).backColor)),
+    QCOMPARE(inkPixels(image, innerCellRect(*grid, 1, 1), toQColor(lookOf(*grid, 1, 1).backColor)),
              0);
 }
 
@@ -385,8 +373,8 @@ void tst_ColType::checkBoxTypeAtDesignTimeDrawsNothing()
     QCOMPARE(grid->hostedGrid()->ColWidth(2), 500);
     QCOMPARE(grid->hostedGrid()->ColAlignment(2), 0);
     for (int row = 1; row < 4; ++row) {
-        QVERIFY(look(*grid, row, 2).picture.isNull());
-        QCOMPARE(look(*grid, row, 2).foreColor, OleColor(0));
+        QVERIFY(lookOf(*grid, row, 2).picture.isNull());
+        QCOMPARE(lookOf(*grid, row, 2).foreColor, OleColor(0));
     }
 }
 

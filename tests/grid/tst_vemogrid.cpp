@@ -13,6 +13,7 @@
 #include "grid/FlexGrid.h"
 #include "grid/VemoGrid.h"
 
+#include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"
 
 #include <QApplication>
@@ -28,6 +29,9 @@
 #include <memory>
 
 using namespace VemoGridLib;
+using VemoTest::cellRect;
+using VemoTest::clickCell;
+using VemoTest::lookOf;
 
 namespace {
 
@@ -140,27 +144,6 @@ bool exposed(Scene& scene)
     return true;
 }
 
-/// A cell's look as stored in the hosted grid (a copy: the store may move on later writes).
-FlexCellFormat look(const VemoGrid& grid, int row, int col)
-{
-    return grid.hostedGrid()->cells().format(row, col);
-}
-
-/// A cell's rectangle in the hosted viewport, its grid lines included.
-QRect cellRect(const VemoGrid& grid, int row, int col)
-{
-    const FlexGrid* flex = grid.hostedGrid();
-    const QWidget* viewport = flex->viewport();
-    const int left = twipsToPixelsX(flex->ColPos(col), viewport);
-    const int top = twipsToPixelsY(flex->RowPos(row), viewport);
-    const int right = col + 1 < flex->Cols() ? twipsToPixelsX(flex->ColPos(col + 1), viewport)
-                                             : left + twipsToPixelsX(flex->ColWidth(col), viewport);
-    const int bottom = row + 1 < flex->Rows()
-                           ? twipsToPixelsY(flex->RowPos(row + 1), viewport)
-                           : top + twipsToPixelsY(flex->RowHeight(row), viewport);
-    return QRect(QPoint(left, top), QPoint(right - 1, bottom - 1));
-}
-
 QPoint centreOf(const VemoGrid& grid, int row, int col)
 {
     return cellRect(grid, row, col).center();
@@ -187,12 +170,6 @@ QColor pixel(const QImage& image, QPoint point)
 OleColor band(int row, int firstRow, OleColor even, OleColor odd)
 {
     return (row - firstRow) % 2 == 0 ? even : odd;
-}
-
-void clickCell(VemoGrid& grid, int row, int col)
-{
-    QTest::mouseClick(grid.hostedGrid()->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      centreOf(grid, row, col));
 }
 
 /// "2Name(args)" for a signal of `object` named `name`: the form string connections take.
@@ -1083,9 +1060,9 @@ void tst_VemoGrid::colouringBandsDataRows()
     for (int row = fixedRows; row < rows; ++row) {
         const OleColor expected = band(row, fixedRows, even, odd);
         // The fixed column is not coloured.
-        QCOMPARE(look(grid, row, 0).backColor, OleColor(0));
+        QCOMPARE(lookOf(grid, row, 0).backColor, OleColor(0));
         for (int col = 1; col < 4; ++col) {
-            QCOMPARE(look(grid, row, col).backColor, expected);
+            QCOMPARE(lookOf(grid, row, col).backColor, expected);
             // The focus rectangle marks the current cell's edges; its colour is checked above.
             if (QPoint(row, col) == current)
                 continue;
@@ -1110,10 +1087,10 @@ void tst_VemoGrid::colouringLockedAndAutoAddColumns()
     const QImage image = shot(grid);
     for (int row = 1; row < 6; ++row) {
         const OleColor banded = band(row, 1, White, LightYellow);
-        QCOMPARE(look(grid, row, 1).backColor, banded);
-        QCOMPARE(look(grid, row, 2).backColor, ReadOnlyDefault);
-        QCOMPARE(look(grid, row, 3).backColor, ReadOnlyDefault);
-        QCOMPARE(look(grid, row, 4).backColor, banded);
+        QCOMPARE(lookOf(grid, row, 1).backColor, banded);
+        QCOMPARE(lookOf(grid, row, 2).backColor, ReadOnlyDefault);
+        QCOMPARE(lookOf(grid, row, 3).backColor, ReadOnlyDefault);
+        QCOMPARE(lookOf(grid, row, 4).backColor, banded);
         // An AutoAdd column numbers its empty cells with their row index; filled ones stay.
         QCOMPARE(flex->TextMatrix(row, 3), row == 4 ? QStringLiteral("x") : QString::number(row));
         QCOMPARE(flex->TextMatrix(row, 2), QString());
@@ -1138,7 +1115,7 @@ void tst_VemoGrid::colouringAtDesignTimeBandsEveryColumn()
     for (int row = 1; row < 6; ++row) {
         const OleColor banded = band(row, 1, White, LightYellow);
         for (int col = 1; col < 4; ++col) {
-            QCOMPARE(look(grid, row, col).backColor, banded);
+            QCOMPARE(lookOf(grid, row, col).backColor, banded);
             if (row != 1 || col != 1)
                 QCOMPARE(pixel(image, backgroundSpot(grid, row, col)), toQColor(banded));
         }
@@ -1235,21 +1212,21 @@ void tst_VemoGrid::checkBoxPass()
 
     grid.setRows(5);
 
-    const QImage checkedPicture = look(grid, 1, 2).picture.toImage();
-    const QImage uncheckedPicture = look(grid, 2, 2).picture.toImage();
+    const QImage checkedPicture = lookOf(grid, 1, 2).picture.toImage();
+    const QImage uncheckedPicture = lookOf(grid, 2, 2).picture.toImage();
     QVERIFY(!checkedPicture.isNull());
     QVERIFY(!uncheckedPicture.isNull());
     QVERIFY(checkedPicture != uncheckedPicture);
-    const FlexCellFormat cell = look(grid, 3, 2);
+    const FlexCellFormat cell = lookOf(grid, 3, 2);
     QVERIFY(!cell.picture.isNull());
     QCOMPARE(cell.picture.toImage(), checked ? checkedPicture : uncheckedPicture);
     for (int row = 1; row < 5; ++row) {
         // The text stays in the cell but is drawn in its background colour.
-        QVERIFY(look(grid, row, 2).backColor != 0);
-        QCOMPARE(look(grid, row, 2).foreColor, look(grid, row, 2).backColor);
+        QVERIFY(lookOf(grid, row, 2).backColor != 0);
+        QCOMPARE(lookOf(grid, row, 2).foreColor, lookOf(grid, row, 2).backColor);
         // Only the check-box column gets pictures.
-        QVERIFY(look(grid, row, 1).picture.isNull());
-        QVERIFY(look(grid, row, 3).picture.isNull());
+        QVERIFY(lookOf(grid, row, 1).picture.isNull());
+        QVERIFY(lookOf(grid, row, 3).picture.isNull());
     }
     QCOMPARE(flex->Row(), 4);
     QCOMPARE(flex->Col(), 1);
@@ -1270,8 +1247,8 @@ void tst_VemoGrid::checkBoxPassDoesNothingAtDesignTime()
     grid.setRows(4);
 
     for (int row = 1; row < 4; ++row) {
-        QVERIFY(look(grid, row, 2).picture.isNull());
-        QCOMPARE(look(grid, row, 2).foreColor, OleColor(0));
+        QVERIFY(lookOf(grid, row, 2).picture.isNull());
+        QCOMPARE(lookOf(grid, row, 2).foreColor, OleColor(0));
     }
 }
 
@@ -1353,16 +1330,16 @@ void tst_VemoGrid::clickMovesCurrentRowMarker()
 
     QCOMPARE(click.count(), 1);
     QCOMPARE(grid.Selected(), 3);
-    QVERIFY(!look(grid, 3, 0).picture.isNull());
+    QVERIFY(!lookOf(grid, 3, 0).picture.isNull());
     for (int row : {1, 2, 4, 5, 6})
-        QVERIFY(look(grid, row, 0).picture.isNull());
+        QVERIFY(lookOf(grid, row, 0).picture.isNull());
 
     clickCell(grid, 5, 1);
 
     QCOMPARE(click.count(), 2);
     QCOMPARE(grid.Selected(), 5);
-    QVERIFY(!look(grid, 5, 0).picture.isNull());
-    QVERIFY(look(grid, 3, 0).picture.isNull());
+    QVERIFY(!lookOf(grid, 5, 0).picture.isNull());
+    QVERIFY(lookOf(grid, 3, 0).picture.isNull());
     QCOMPARE(grid.hostedGrid()->Row(), 5);
     QCOMPARE(grid.hostedGrid()->Col(), 1);
 }

@@ -1,10 +1,13 @@
-// What the VemoGrid tests share: a shown grid, cell clicks, and cell looks.
+// What the VemoGrid tests share: a shown grid, cell clicks, cell looks and rectangles.
 #pragma once
 
 #include "grid/FlexCellStore.h"
 #include "grid/FlexGrid.h"
 #include "grid/VemoGrid.h"
 
+#include "common/Twips.h"
+
+#include <QRect>
 #include <QTest>
 
 #include <memory>
@@ -39,11 +42,28 @@ inline void clickCell(const VemoGridLib::VemoGrid& grid, int row, int col)
     QTest::mouseClick(flex->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
 }
 
-/// The look of a cell as stored, read without moving the current cell.
-inline const VemoGridLib::FlexCellFormat& lookOf(const VemoGridLib::VemoGrid& grid, int row,
-                                                 int col)
+/// The look of a cell as stored, read without moving the current cell (a copy: later writes
+/// may move the store's looks).
+inline VemoGridLib::FlexCellFormat lookOf(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
     return grid.hostedGrid()->cells().format(row, col);
+}
+
+/// A cell's rectangle in the hosted viewport, its grid lines included.
+inline QRect cellRect(const VemoGridLib::VemoGrid& grid, int row, int col)
+{
+    using VemoGridLib::twipsToPixelsX;
+    using VemoGridLib::twipsToPixelsY;
+    const VemoGridLib::FlexGrid* const flex = grid.hostedGrid();
+    const QWidget* const viewport = flex->viewport();
+    const int left = twipsToPixelsX(flex->ColPos(col), viewport);
+    const int top = twipsToPixelsY(flex->RowPos(row), viewport);
+    const int right = col + 1 < flex->Cols() ? twipsToPixelsX(flex->ColPos(col + 1), viewport)
+                                             : left + twipsToPixelsX(flex->ColWidth(col), viewport);
+    const int bottom = row + 1 < flex->Rows()
+                           ? twipsToPixelsY(flex->RowPos(row + 1), viewport)
+                           : top + twipsToPixelsY(flex->RowHeight(row), viewport);
+    return QRect(QPoint(left, top), QPoint(right - 1, bottom - 1));
 }
 
 } // namespace VemoTest
