@@ -2,11 +2,11 @@
 #include "common/VemoError.h"
 #include "grid/ExcelFile.h"
 
+#include "PythonXlrd.h"
 #include "VemoTestSupport.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -40,24 +40,6 @@ QByteArray contentsOf(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
-}
-
-// The interpreter that can import xlrd: Debian's python3-xlrd lives in /usr/bin/python3, which a
-// python3 earlier on PATH (pyenv, a venv) may not see.
-QString pythonWithXlrd()
-{
-    const QStringList candidates = {QStringLiteral("/usr/bin/python3"),
-                                    QStandardPaths::findExecutable(QStringLiteral("python3"))};
-    for (const QString& python : candidates) {
-        if (python.isEmpty() || !QFileInfo(python).isExecutable())
-            continue;
-        QProcess probe;
-        probe.start(python, {QStringLiteral("-c"), QStringLiteral("import xlrd")});
-        if (probe.waitForFinished(10000) && probe.exitStatus() == QProcess::NormalExit &&
-            probe.exitCode() == 0)
-            return python;
-    }
-    return {};
 }
 
 } // namespace
@@ -540,7 +522,7 @@ void tst_ExcelFile::reopenClosesFirstFileWithoutEof()
 
 void tst_ExcelFile::xlrdReadsTheSheet()
 {
-    const QString python = pythonWithXlrd();
+    const QString python = VemoTest::pythonWithXlrd();
     if (python.isEmpty())
         QSKIP("python3 with xlrd is not installed (Debian package python3-xlrd; ./vemo installs "
               "it): the BIFF2 read-back is not checked");

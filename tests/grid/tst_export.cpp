@@ -3,12 +3,12 @@
 #include "grid/VemoGrid.h"
 #include "grid/VemoGrid_p.h"
 
+#include "PythonXlrd.h"
 #include "VemoTestSupport.h"
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -159,24 +159,6 @@ QString exportEscape(VemoGrid& grid, const QString& path)
         return QStringLiteral("VemoError %1").arg(error.number());
     } catch (const std::exception& error) {
         return QString::fromLocal8Bit(error.what());
-    }
-    return {};
-}
-
-// The interpreter that can import xlrd: Debian's python3-xlrd lives in /usr/bin/python3, which a
-// python3 earlier on PATH (pyenv, a venv) may not see.
-QString pythonWithXlrd()
-{
-    const QStringList candidates = {QStringLiteral("/usr/bin/python3"),
-                                    QStandardPaths::findExecutable(QStringLiteral("python3"))};
-    for (const QString& python : candidates) {
-        if (python.isEmpty() || !QFileInfo(python).isExecutable())
-            continue;
-        QProcess probe;
-        probe.start(python, {QStringLiteral("-c"), QStringLiteral("import xlrd")});
-        if (probe.waitForFinished(10000) && probe.exitStatus() == QProcess::NormalExit &&
-            probe.exitCode() == 0)
-            return python;
     }
     return {};
 }
@@ -608,7 +590,7 @@ void tst_Export::chineseTextWrittenAsGbk()
 
 void tst_Export::xlrdReadsEveryColumnType()
 {
-    const QString python = pythonWithXlrd();
+    const QString python = VemoTest::pythonWithXlrd();
     if (python.isEmpty())
         QSKIP("python3 with xlrd is not installed (Debian package python3-xlrd; ./vemo installs "
               "it): the BIFF2 read-back is not checked");
