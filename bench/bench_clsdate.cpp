@@ -1,5 +1,5 @@
 // Part 3.1: clsDate against ICU's Chinese calendar, converting every supported day.
-#include "dates/clsDate.h"
+#include <VemoGridLib/clsDate.h>
 
 #include "RatioReporter.h"
 

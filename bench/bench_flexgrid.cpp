@@ -1,11 +1,11 @@
 // Issue 3: FlexGrid against QTableWidget, QStandardItemModel + QTableView and a hand-rolled
 // QAbstractTableModel + QTableView, all measured in one run; the ratios and the issue's targets
 // are printed after the Google Benchmark table.
-#include "grid/FlexEnums.h"
-#include "grid/FlexGrid.h"
+#include <VemoGridLib/FlexEnums.h>
+#include <VemoGridLib/FlexGrid.h>
 
-#include "common/OleColor.h"
-#include "common/Twips.h"
+#include <VemoGridLib/OleColor.h>
+#include <VemoGridLib/Twips.h>
 
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"

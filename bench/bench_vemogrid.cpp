@@ -3,14 +3,15 @@
 // cell, Sort for every SortType against QTableWidget's numeric sort, ExportToExcel against one
 // buffered write of the same bytes, and AddItem against QTableWidget's row-by-row insertion.
 // The ratios and the targets are printed after the Google Benchmark table.
-#include "grid/Column.h"
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/Column.h>
+#include "flexgrid/FlexCellStore_p.h"
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
-#include "common/OleColor.h"
-#include "common/VemoEnums.h"
+#include <VemoGridLib/OleColor.h>
+#include <VemoGridLib/VemoEnums.h>
 
+#include "flexgrid/FlexGrid_p.h"
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"
 
@@ -645,7 +646,7 @@ void handRolledExport(benchmark::State& state, const QString& directory)
     using namespace VemoGridLib;
     VemoGrid grid;
     buildExportGrid(grid);
-    const FlexCellStore& cells = grid.hostedGrid()->cells();
+    const FlexCellStore& cells = FlexGridPrivate::get(grid.hostedGrid())->store;
     const int rows = grid.Rows();
     const QString path = directory + QStringLiteral("/hand-rolled.xls");
     RecordBuffer out;
@@ -709,7 +710,7 @@ void readCellsOnly(benchmark::State& state)
 {
     VemoGrid grid;
     buildExportGrid(grid);
-    const VemoGridLib::FlexCellStore& cells = grid.hostedGrid()->cells();
+    const VemoGridLib::FlexCellStore& cells = FlexGridPrivate::get(grid.hostedGrid())->store;
     const int rows = grid.Rows();
     for (auto _ : state) {
         const ThreadCpuTimer timer;

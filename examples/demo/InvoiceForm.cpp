@@ -2,12 +2,12 @@
 
 #include "SampleData.h"
 
-#include "common/Twips.h"
-#include "common/VbConversion.h"
-#include "common/VbFormat.h"
-#include "grid/FlexEnums.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/Twips.h>
+#include <VemoGridLib/VbConversion.h>
+#include <VemoGridLib/VbFormat.h>
+#include <VemoGridLib/FlexEnums.h>
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include <QDir>
 #include <QFile>

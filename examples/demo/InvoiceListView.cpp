@@ -1,9 +1,9 @@
 #include "InvoiceListView.h"
 
-#include "common/Twips.h"
-#include "common/VbFormat.h"
-#include "grid/FlexEnums.h"
-#include "grid/FlexGrid.h"
+#include <VemoGridLib/Twips.h>
+#include <VemoGridLib/VbFormat.h>
+#include <VemoGridLib/FlexEnums.h>
+#include <VemoGridLib/FlexGrid.h>
 
 #include <QElapsedTimer>
 #include <QFontMetrics>

@@ -3,7 +3,7 @@
 #include "DemoWindow.h"
 #include "InvoiceListView.h"
 
-#include "common/Messages.h"
+#include <VemoGridLib/Messages.h>
 
 #include <QApplication>
 #include <QCommandLineParser>

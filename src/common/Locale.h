@@ -1,8 +1,8 @@
 // Part 1.12: the system default locale, the language index, and the ANSI code page.
 #pragma once
 
-#include "common/VemoEnums.h"
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoEnums.h>
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QByteArray>
 #include <QString>

@@ -2,8 +2,8 @@
 // (Part 1.4; ARCHITECTURE.md "property bag").
 #pragma once
 
-#include "common/PropertyBag.h"
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/PropertyBag.h>
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QByteArray>
 #include <QPointer>

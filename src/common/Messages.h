@@ -2,8 +2,8 @@
 // and the shell "Open" verb, likewise replaceable.
 #pragma once
 
-#include "common/VemoEnums.h"
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoEnums.h>
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 // OLE colour values (0x00BBGGRR, or 0x80000000 | n for Windows system colour n) and QColor.
 #pragma once
 
-#include "common/VemoError.h"
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoError.h>
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QColor>
 #include <QPalette>

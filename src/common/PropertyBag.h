@@ -1,7 +1,7 @@
 // The container's property bag (Part 1.4; ARCHITECTURE.md "property bag").
 #pragma once
 
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QString>
 #include <QVariant>

@@ -1,7 +1,7 @@
 // Twips (1/1440 inch), the spec's unit of positions and sizes, and device pixels.
 #pragma once
 
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoGridLibExport.h>
 
 class QPaintDevice;
 

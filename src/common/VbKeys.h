@@ -1,7 +1,7 @@
 // VB key codes, KeyAscii and the shift and button masks of VB's key and mouse events, from Qt's.
 #pragma once
 
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QChar>
 #include <QKeyCombination>

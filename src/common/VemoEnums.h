@@ -1,7 +1,7 @@
 // The enumerations of the spec's Overview ("Shared types and helpers"), with their values.
 #pragma once
 
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QtCore/qobjectdefs.h>
 

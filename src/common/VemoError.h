@@ -1,7 +1,7 @@
 // The error raised to the host: an automation error number with a plain English description.
 #pragma once
 
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // Part 3.1: the Chinese lunar calendar engine behind the month calendar's lunar texts.
 #pragma once
 
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // Part 1.8: the Excel version 2 worksheet (BIFF2) writer.
 #pragma once
 
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QString>
 

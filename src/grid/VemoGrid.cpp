@@ -2,11 +2,10 @@
 // check-box passes, the layout, the event relays; Part 1.2's grid side (Column, ColType).
 #include "grid/VemoGrid_p.h"
 
-#include "grid/FlexGrid_p.h"
 #include "grid/VemoGridPictures_p.h"
 
 #include "common/Twips.h"
-#include "common/VbStrings.h"
+#include "vb/VbStrings.h"
 #include "common/VemoError.h"
 
 #include <QEvent>
@@ -40,6 +39,7 @@ bool showsChecked(QStringView text)
 VemoGridPrivate::VemoGridPrivate(VemoGrid* grid)
     : q(grid)
     , flex(new FlexGrid(grid))
+    , cells(flex)
     , imgChecked(GridPictures::checked())
     , imgUnchecked(GridPictures::unchecked())
     , imgUP(GridPictures::up())
@@ -112,7 +112,6 @@ void VemoGridPrivate::colourRows(int startRow)
     if (first >= rows)
         return;
     const BulkPass pass(*this, qint64(rows - first) * cols);
-    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
     for (int c = flex->FixedCols(); c < cols; ++c) {
         // At design time, and for a column without its Column, every column is banded.
         const VemoGridLib::Column* const column = userMode ? columnOrNull(c) : nullptr;
@@ -120,15 +119,13 @@ void VemoGridPrivate::colourRows(int startRow)
         const bool readOnly = numbered || (column && column->Locked());
         const OleColor even = readOnly ? readOnlyColor : backColor1;
         const OleColor odd = readOnly ? readOnlyColor : backColor2;
-        store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::BackColor, even,
-                                   odd, fixedRows);
+        cells.setBandedColor(c, first, rows - 1, false, even, odd, fixedRows);
         // A check box's marker text stays hidden in its cell's new colour (Part 1.1 draws it
         // in the background colour); the pass would otherwise uncover it.
         if (column && column->colType() == eCheckBox)
-            store.setFormatValueBanded(c, first, rows - 1, FlexCellStore::FormatField::ForeColor,
-                                       even, odd, fixedRows);
+            cells.setBandedColor(c, first, rows - 1, true, even, odd, fixedRows);
         for (int r = first; numbered && r < rows; ++r) {
-            if (store.textView(r, c).isEmpty())
+            if (cells.text(r, c).isEmpty())
                 flex->setTextMatrix(r, c, QString::number(r));
         }
     }
@@ -143,13 +140,8 @@ void VemoGridPrivate::setColour(OleColor& field, OleColor color, const QString& 
 
 void VemoGridPrivate::drawCheckBox(int row, int col)
 {
-    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
-    const QPixmap& picture = showsChecked(store.textView(row, col)) ? imgChecked : imgUnchecked;
-    store.changeFormat(row, col, quint64(picture.cacheKey()), [&picture](FlexCellFormat& look) {
-        look.foreColor = look.backColor;
-        look.picture = picture;
-        look.pictureAlignment = CheckBoxPictureAlignment;
-    });
+    const QPixmap& picture = showsChecked(cells.text(row, col)) ? imgChecked : imgUnchecked;
+    cells.setCheckBoxLook(row, col, picture, CheckBoxPictureAlignment);
 }
 
 void VemoGridPrivate::drawCheckBoxes(int col, int row)
@@ -194,15 +186,7 @@ void VemoGridPrivate::applyFrame()
 
 void VemoGridPrivate::setPicture(int row, int col, const QPixmap& picture, int alignment)
 {
-    FlexGridPrivate* hosted = FlexGridPrivate::get(flex);
-    if (row < 0 || row >= flex->Rows() || col < 0 || col >= flex->Cols())
-        return;
-    FlexCellFormat look = hosted->store.format(row, col);
-    look.picture = picture;
-    if (alignment >= 0)
-        look.pictureAlignment = std::int8_t(alignment);
-    hosted->store.setFormat(row, col, look);
-    hosted->requestRepaint();
+    cells.setPicture(row, col, picture, alignment);
 }
 
 void VemoGridPrivate::moveMarker(int row)
@@ -314,7 +298,7 @@ void VemoGridPrivate::hostedRowColChange()
 
 void VemoGridPrivate::connectHostedGrid()
 {
-    FlexGridPrivate::get(flex)->cellEventSink = this;
+    cells.setCellEventSink(this);
     QObject::connect(flex, &FlexGrid::Click, q, [this] {
         try {
             onHostedClick();
@@ -364,7 +348,7 @@ VemoGrid::VemoGrid(QWidget* parent)
 VemoGrid::~VemoGrid()
 {
     QObject::disconnect(d->flex, nullptr, this, nullptr);
-    FlexGridPrivate::get(d->flex)->cellEventSink = nullptr;
+    d->cells.setCellEventSink(nullptr);
     for (VemoGridLib::Column* column : d->columns)
         delete column;
     d->columns.clear();

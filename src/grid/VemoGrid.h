@@ -1,11 +1,11 @@
 // The data-entry grid control (Parts 1.1 to 1.8).
 #pragma once
 
-#include "grid/Column.h"
+#include <VemoGridLib/Column.h>
 
-#include "common/OleColor.h"
-#include "common/VemoEnums.h"
-#include "common/VemoGridLibExport.h"
+#include <VemoGridLib/OleColor.h>
+#include <VemoGridLib/VemoEnums.h>
+#include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QPixmap>
 #include <QVariant>

@@ -2,9 +2,9 @@
 #include "grid/VemoGrid_p.h"
 
 #include "common/Messages.h"
-#include "common/VbConversion.h"
-#include "common/VbFormat.h"
-#include "common/VbStrings.h"
+#include "vb/VbConversion.h"
+#include "vb/VbFormat.h"
+#include "vb/VbStrings.h"
 #include "common/VemoError.h"
 
 #include <optional>

@@ -1,10 +1,9 @@
 // Part 1.8: VemoGrid's export to an Excel worksheet.
 #include "grid/VemoGrid_p.h"
 
-#include "grid/FlexCellStore.h"
 
-#include "common/VbConversion.h"
-#include "common/VbStrings.h"
+#include "vb/VbConversion.h"
+#include "vb/VbStrings.h"
 
 #include <optional>
 
@@ -98,7 +97,7 @@ void VemoGrid::ExportToExcel(const QString& FileName)
         return;
 
     const FlexGrid& flex = *d->flex;
-    const FlexCellStore& cells = flex.cells();
+    const FlexGridHosting& cells = d->cells;
     const int rows = flex.Rows();
     const int cols = flex.Cols();
     const int fixedRows = flex.FixedRows();
@@ -109,7 +108,7 @@ void VemoGrid::ExportToExcel(const QString& FileName)
     for (int r = 0; r < fixedRows && r + 1 <= LastSheetRow; ++r) {
         for (int c = 1; c < cols && c <= LastByteColumn; ++c)
             ignoringErrors(
-                [&] { excel.EWriteString(short(r + 1), uchar(c), cells.textView(r, c)); });
+                [&] { excel.EWriteString(short(r + 1), uchar(c), cells.text(r, c)); });
     }
 
     // With more than 256 columns the one-byte counter cannot hold the loop bound: the VB loop
@@ -122,7 +121,7 @@ void VemoGrid::ExportToExcel(const QString& FileName)
             ignoringErrors([&] { kind.type = d->typeOf(c); });
             for (int r = fixedRows; r < rows && r + 1 <= LastSheetRow; ++r) {
                 ignoringErrors([&] {
-                    writeDataCell(excel, short(r + 1), uchar(c), cells.textView(r, c), kind,
+                    writeDataCell(excel, short(r + 1), uchar(c), cells.text(r, c), kind,
                                   locale);
                 });
             }

@@ -1,12 +1,10 @@
 // Part 1.5: VemoGrid's row operations, typed cell writes, the marked row and the version.
 #include "grid/VemoGrid_p.h"
 
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid_p.h"
 
 #include "common/Messages.h"
-#include "common/VbDateTime.h"
-#include "common/VbFormat.h"
+#include "vb/VbDateTime.h"
+#include "vb/VbFormat.h"
 
 #include <algorithm>
 #include <array>
@@ -45,9 +43,8 @@ private:
 
 bool VemoGridPrivate::rowIsEmpty(int row) const
 {
-    const FlexCellStore& cells = flex->cells();
     for (int c = flex->FixedCols(); c < flex->Cols(); ++c) {
-        const QStringView text = cells.textView(row, c);
+        const QStringView text = cells.text(row, c);
         const bool filled = typeOf(c) == eCheckBox ? text == CheckedMarker : !text.isEmpty();
         if (filled)
             return false;
@@ -83,7 +80,6 @@ void VemoGrid::AddItem(const QString& Item, int Index)
         d->flex->AddItem(Item, Index);
         newRow = Index;
     }
-    FlexCellStore& store = FlexGridPrivate::get(d->flex)->store;
     for (int c = d->flex->FixedCols(); c < d->flex->Cols(); ++c) {
         const VemoGridLib::Column* const column = d->columnOrNull(c);
         if (!column)
@@ -92,8 +88,8 @@ void VemoGrid::AddItem(const QString& Item, int Index)
             // The check-box pass for this one cell (none at design time).
             if (d->userMode)
                 d->drawCheckBox(newRow, c);
-        } else if (column->AutoAdd() && store.textView(newRow, c).isEmpty()) {
-            store.setText(newRow, c, DecimalText(d->runningNumber).view());
+        } else if (column->AutoAdd() && d->cells.text(newRow, c).isEmpty()) {
+            d->cells.setText(newRow, c, DecimalText(d->runningNumber).view());
             ++d->runningNumber;
         }
     }

@@ -1,9 +1,8 @@
 // Part 1.6: VemoGrid's sorting by a column's SortType, header-click sorting and the sort arrows.
 #include "grid/VemoGrid_p.h"
 
-#include "grid/FlexGrid_p.h"
 
-#include "common/VbFormat.h"
+#include "vb/VbFormat.h"
 
 #include <QDate>
 #include <QScopeGuard>
@@ -124,21 +123,20 @@ void VemoGridPrivate::sortByKeyColumn(int col, int setting, KeyKind kind)
     flex->setCols(keyCol + 1);
     const auto removeKeys = qScopeGuard([this, keyCol] { flex->setCols(keyCol); });
     flex->setColWidth(keyCol, 0);
-    // The keys go straight into the store: the column is hidden and gone before anything draws.
-    FlexCellStore& store = FlexGridPrivate::get(flex)->store;
-    // A view into the store must not be written back into it (a write may move the texts), so a
+    // The keys are written quietly: the column is hidden and gone before anything draws.
+    // A view into the grid must not be written back into it (a write may move the texts), so a
     // copied key goes through one reused buffer.
     QString copy;
     for (int r = flex->FixedRows(); r < flex->Rows(); ++r) {
-        const QStringView text = store.textView(r, col);
+        const QStringView text = cells.text(r, col);
         if (kind == KeyKind::Currency) {
             // Format with no format string returns a text unchanged (vb-semantics.md §5).
             copy.setUnicode(text.data(), text.size());
-            store.setText(r, keyCol, copy);
+            cells.setText(r, keyCol, copy);
         } else if (DateKey key; isoDateKey(text, key)) {
-            store.setText(r, keyCol, QStringView(key.data(), qsizetype(key.size())));
+            cells.setText(r, keyCol, QStringView(key.data(), qsizetype(key.size())));
         } else {
-            store.setText(r, keyCol, formattedDateKey(text.toString()));
+            cells.setText(r, keyCol, formattedDateKey(text.toString()));
         }
     }
     flex->setCol(keyCol);
@@ -208,10 +206,9 @@ void VemoGridPrivate::followMarker()
     if (markedRow < flex->FixedRows())
         return;
     // The marker picture moved with its row; `Selected` follows it there.
-    const FlexCellStore& cells = flex->cells();
     const qint64 marker = imgMarker.cacheKey();
     for (int r = flex->FixedRows(); r < flex->Rows(); ++r) {
-        if (cells.format(r, 0).picture.cacheKey() == marker) {
+        if (cells.pictureKey(r, 0) == marker) {
             markedRow = r;
             return;
         }

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "grid/ExcelFile.h"
-#include "grid/FlexCellEventSink_p.h"
-#include "grid/FlexGrid.h"
+#include "flexgrid/FlexGrid.h"
+#include "flexgrid/FlexGridHosting_p.h"
 #include "grid/VemoGrid.h"
 
 #include "common/OleColor.h"
@@ -71,6 +71,8 @@ public:
     VemoGrid* const q;
     /// `MSHFlexGrid1`, a child of the control.
     FlexGrid* const flex;
+    /// Quiet bulk access to the hosted grid's cells for the passes.
+    FlexGridHosting cells;
 
     // ---- Part 1.1 fields, at their initial values -------------------------------------------
     /// One `Column` per hosted column in user mode; owned (children of the control).

@@ -1,6 +1,6 @@
 // Part 1.12 (locale and language index) and the ANSI code page of Part 1.8.
-#include "common/Locale.h"
-#include "common/VbLocale.h"
+#include <VemoGridLib/Locale.h>
+#include <VemoGridLib/VbLocale.h>
 
 #include "VemoTestSupport.h"
 

@@ -1,6 +1,6 @@
 // Part 1.4: the in-memory property bag and its JSON form.
-#include "common/MemoryPropertyBag.h"
-#include "common/VemoEnums.h"
+#include <VemoGridLib/MemoryPropertyBag.h>
+#include <VemoGridLib/VemoEnums.h>
 
 #include <QFont>
 #include <QJsonArray>

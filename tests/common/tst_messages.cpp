@@ -1,6 +1,6 @@
 // Part 1.12: the message texts in the three sets, chosen by the system locale, and the
 // replaceable message and shell handlers.
-#include "common/Messages.h"
+#include <VemoGridLib/Messages.h>
 
 #include "MessageRecorder.h"
 #include "VemoTestSupport.h"

@@ -1,5 +1,5 @@
 // OLE colour values: RGB byte order, the system colour table, invalid values, RGB().
-#include "common/OleColor.h"
+#include <VemoGridLib/OleColor.h>
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // Twips ↔ pixels at pinned dpi: rounding, sign symmetry, round trips, the device fallbacks.
-#include "common/Twips.h"
+#include <VemoGridLib/Twips.h>
 
 #include <QGuiApplication>
 #include <QImage>

@@ -1,7 +1,7 @@
 // VB runtime number conversions: vb-semantics.md §3–§8 and the spec examples of §16.
 // Rows named "... (unconfirmed)" follow the documented model where the doc has no Windows vector.
-#include "common/VbConversion.h"
-#include "common/VemoError.h"
+#include <VemoGridLib/VbConversion.h>
+#include <VemoGridLib/VemoError.h>
 
 #include "VemoTestSupport.h"
 

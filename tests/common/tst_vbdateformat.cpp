@@ -1,9 +1,9 @@
 // VB runtime subset, date side of Format and CStr(date) (vb-semantics.md §11, §12, §15, §16).
 // Every row is a vector or worked example of that note; zh-CN names are the unconfirmed
 // choices documented in VbDateFormat.cpp.
-#include "common/VbDateTime.h"
-#include "common/VbFormat.h"
-#include "common/VbFormat_p.h"
+#include <VemoGridLib/VbDateTime.h>
+#include <VemoGridLib/VbFormat.h>
+#include "vb/VbFormat_p.h"
 
 #include "VemoTestSupport.h"
 

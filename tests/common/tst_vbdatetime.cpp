@@ -1,7 +1,7 @@
 // VB runtime subset, date side: serials, DateSerial, IsDate/CDate, DateAdd, DateDiff, Weekday
 // (vb-semantics.md §1, §9, §13, §16). Every row is a vector or example of that note.
-#include "common/VbDateTime.h"
-#include "common/VemoError.h"
+#include <VemoGridLib/VbDateTime.h>
+#include <VemoGridLib/VemoError.h>
 
 #include "VemoTestSupport.h"
 

@@ -2,8 +2,8 @@
 // dispatch of date formats to the date side. Windows vectors come from §10/§12 and from the
 // recorded expectations the doc cites; rows named "... (unconfirmed)" or "(model)" follow the
 // documented model where there is no Windows vector.
-#include "common/VbConversion.h"
-#include "common/VbFormat.h"
+#include <VemoGridLib/VbConversion.h>
+#include <VemoGridLib/VbFormat.h>
 
 #include "VemoTestSupport.h"
 

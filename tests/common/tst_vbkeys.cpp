@@ -1,5 +1,5 @@
 // Qt key and mouse events → VB key codes, KeyAscii and the Shift and Button masks.
-#include "common/VbKeys.h"
+#include <VemoGridLib/VbKeys.h>
 
 #include <QKeyEvent>
 #include <QTest>

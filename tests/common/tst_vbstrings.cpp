@@ -1,7 +1,7 @@
 // VB runtime string functions: Trim/LTrim/RTrim (vb-semantics.md §2) and InStr (§14).
 // Rows named "... (unconfirmed)" follow the documented model where the doc has no vector.
-#include "common/VbStrings.h"
-#include "common/VemoError.h"
+#include <VemoGridLib/VbStrings.h>
+#include <VemoGridLib/VemoError.h>
 
 #include "VemoTestSupport.h"
 

@@ -1,7 +1,7 @@
 // Part 3.1: the lunar calendar engine clsDate.
-#include "dates/clsDate.h"
+#include <VemoGridLib/clsDate.h>
 
-#include "common/VemoError.h"
+#include <VemoGridLib/VemoError.h>
 
 #include "VemoTestSupport.h"
 #include <QDate>

@@ -1,9 +1,9 @@
 // Part 1.7: VemoGrid's auto-calculated result column: the four settings, the bad-operator
 // message of Part 1.12, the computation run when an operand cell is left (by code, mouse or
 // key), its rounding and formatting by the result column, and division by zero.
-#include "common/Messages.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/Messages.h>
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include "MessageRecorder.h"
 #include "VemoGridTestSupport.h"

@@ -1,14 +1,14 @@
 // Part 1.2, grid side: VemoGrid's Column(Col) and ColType(Col) — the type recorded in the
 // column's Column, its decimals and format, and the hosted grid's alignment and width per type.
-#include "common/OleColor.h"
-#include "common/Twips.h"
-#include "common/VemoEnums.h"
-#include "common/VemoError.h"
-#include "grid/Column.h"
-#include "grid/FlexCellFormat.h"
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/OleColor.h>
+#include <VemoGridLib/Twips.h>
+#include <VemoGridLib/VemoEnums.h>
+#include <VemoGridLib/VemoError.h>
+#include <VemoGridLib/Column.h>
+#include "flexgrid/FlexCellFormat_p.h"
+#include "flexgrid/FlexCellStore_p.h"
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"

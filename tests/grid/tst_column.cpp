@@ -1,6 +1,6 @@
 // Part 1.2: the Column metadata object.
-#include "common/VemoError.h"
-#include "grid/Column.h"
+#include <VemoGridLib/VemoError.h>
+#include <VemoGridLib/Column.h>
 
 #include "VemoTestSupport.h"
 #include <QMetaProperty>

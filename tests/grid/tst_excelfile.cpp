@@ -1,6 +1,6 @@
 // Part 1.8: the BIFF2 writer ExcelFile.
-#include "common/VemoError.h"
-#include "grid/ExcelFile.h"
+#include <VemoGridLib/VemoError.h>
+#include <VemoGridLib/ExcelFile.h>
 
 #include "PythonXlrd.h"
 #include "VemoTestSupport.h"

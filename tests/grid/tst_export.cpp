@@ -1,6 +1,6 @@
 // Part 1.8: VemoGrid::ExportToExcel, checked on the bytes of the written BIFF2 file.
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 #include "grid/VemoGrid_p.h"
 
 #include "PythonXlrd.h"

@@ -1,5 +1,5 @@
 // FlexCellStore: the headless cells behind FlexGrid (flexgrid-reference.md §4, §5, §8, §10).
-#include "grid/FlexCellStore.h"
+#include "flexgrid/FlexCellStore_p.h"
 
 #include <QColor>
 #include <QPixmap>

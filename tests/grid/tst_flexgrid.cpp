@@ -1,9 +1,10 @@
 // FlexGrid's members driven by code (flexgrid-reference.md §4–§8, §10, §11, §13).
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
+#include "flexgrid/FlexCellStore_p.h"
+#include <VemoGridLib/FlexGrid.h>
 
-#include "common/VemoError.h"
+#include <VemoGridLib/VemoError.h>
 
+#include "CellStoreAccess.h"
 #include "FlexEventLog.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
@@ -612,7 +613,7 @@ void tst_FlexGrid::growingAddsEmptyRowsAndColumns()
     QCOMPARE(grid.RowHeight(4), defaultHeight);
     QCOMPARE(grid.ColWidth(3), -1);
     QCOMPARE(grid.ColAlignment(3), 9);
-    QCOMPARE(grid.cells().hasFormat(4, 3), false);
+    QCOMPARE(cellsOf(grid).hasFormat(4, 3), false);
 }
 
 void tst_FlexGrid::shrinkingDiscardsFromTheEnd()
@@ -1494,7 +1495,7 @@ void tst_FlexGrid::cellLooksWithFillRepeatReachTheSelection()
     const QPixmap picture = filledPixmap(Qt::yellow);
     grid.setCellPicture(picture);
 
-    const FlexCellStore& cells = grid.cells();
+    const FlexCellStore& cells = cellsOf(grid);
     for (int r = 0; r < 5; ++r) {
         for (int c = 0; c < 4; ++c) {
             const bool inside = r >= 1 && r <= 3 && c >= 1 && c <= 2;
@@ -1821,7 +1822,7 @@ void tst_FlexGrid::addItemInsertsAndShiftsRows()
     QCOMPARE(grid.TextMatrix(1, 1), QStringLiteral("row 1"));
     QCOMPARE(grid.TextMatrix(3, 1), QStringLiteral("row 2"));
     QCOMPARE(grid.TextMatrix(4, 1), QStringLiteral("row 3"));
-    const FlexCellStore& cells = grid.cells();
+    const FlexCellStore& cells = cellsOf(grid);
     QVERIFY(!cells.hasFormat(2, 1));
     QCOMPARE(cells.format(3, 1).backColor, OleColor(0x123456));
     QVERIFY(!cells.format(3, 1).picture.isNull());
@@ -1915,7 +1916,7 @@ void tst_FlexGrid::removeItemShiftsRowsUp()
     QCOMPARE(grid.TextMatrix(1, 1), QStringLiteral("row 1"));
     QCOMPARE(grid.TextMatrix(2, 1), QStringLiteral("row 3"));
     QCOMPARE(grid.TextMatrix(3, 1), QStringLiteral("row 4"));
-    QCOMPARE(grid.cells().format(2, 1).backColor, OleColor(0x654321));
+    QCOMPARE(cellsOf(grid).format(2, 1).backColor, OleColor(0x654321));
     QCOMPARE(grid.RowHeight(2), 450);
     QCOMPARE(grid.RowData(2), 7);
     QCOMPARE(grid.MergeRow(2), true);
@@ -1994,7 +1995,7 @@ void tst_FlexGrid::clearEmptiesCellsAndKeepsStructure()
     QCOMPARE(allTexts(grid), QStringList(12, QString()));
     for (int r = 0; r < 4; ++r) {
         for (int c = 0; c < 3; ++c)
-            QVERIFY(grid.cells().format(r, c).isDefault());
+            QVERIFY(cellsOf(grid).format(r, c).isDefault());
     }
     QVERIFY(grid.CellPicture().isNull());
     QCOMPARE(grid.CellBackColor(), OleColor(0));
@@ -2045,8 +2046,8 @@ void tst_FlexGrid::colPositionMovesTheWholeColumn()
     QCOMPARE(grid.MergeCol(3), true);
     QCOMPARE(grid.MergeCol(1), false);
     QCOMPARE(grid.ColData(3), 11);
-    QCOMPARE(grid.cells().format(2, 3).backColor, OleColor(0x0000FF));
-    QVERIFY(!grid.cells().hasFormat(2, 1));
+    QCOMPARE(cellsOf(grid).format(2, 3).backColor, OleColor(0x0000FF));
+    QVERIFY(!cellsOf(grid).hasFormat(2, 1));
     QCOMPARE(grid.Col(), 2);
     QCOMPARE(log.cellEvents(), QStringList());
 }
@@ -2071,8 +2072,8 @@ void tst_FlexGrid::rowPositionMovesTheWholeRow()
     const QStringList expected = {"row 0", "row 4", "row 1", "row 2", "row 3"};
     for (int r = 0; r < 5; ++r)
         QCOMPARE(grid.TextMatrix(r, 1), expected.at(r));
-    QCOMPARE(int(grid.cells().format(1, 1).italic), 1);
-    QVERIFY(!grid.cells().hasFormat(4, 1));
+    QCOMPARE(int(cellsOf(grid).format(1, 1).italic), 1);
+    QVERIFY(!cellsOf(grid).hasFormat(4, 1));
     QCOMPARE(grid.RowHeight(1), 450);
     QCOMPARE(grid.RowData(1), 9);
     QCOMPARE(grid.MergeRow(1), true);

@@ -1,5 +1,5 @@
 // FlexGrid `DataSource` (flexgrid-reference.md §11): the cells mirror a model and follow it.
-#include "grid/FlexGrid.h"
+#include <VemoGridLib/FlexGrid.h>
 
 #include "FlexEventLog.h"
 

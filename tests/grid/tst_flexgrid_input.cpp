@@ -1,8 +1,8 @@
 // FlexGrid driven by the mouse, the wheel, the keyboard and the scroll bars (flexgrid-reference.md
 // §6, §7, §12, §14 item 12, §15 "Keyboard" and "Header click").
-#include "common/VbKeys.h"
-#include "grid/FlexEnums.h"
-#include "grid/FlexGrid.h"
+#include <VemoGridLib/VbKeys.h>
+#include <VemoGridLib/FlexEnums.h>
+#include <VemoGridLib/FlexGrid.h>
 
 #include <QApplication>
 #include <QScrollBar>

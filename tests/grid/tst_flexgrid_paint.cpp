@@ -1,9 +1,9 @@
 // FlexGrid's drawing (flexgrid-reference.md §6 selection display, §10 looks and merging, §11):
 // the grid is shown offscreen and its viewport grabbed; pixels are checked at places computed
 // from the public geometry (twips / 15 at 96 dpi).
-#include "grid/FlexGrid.h"
+#include <VemoGridLib/FlexGrid.h>
 
-#include "common/OleColor.h"
+#include <VemoGridLib/OleColor.h>
 
 #include <QApplication>
 #include <QFontMetrics>

@@ -1,10 +1,11 @@
 // FlexGrid's Sort (flexgrid-reference.md §9).
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
+#include "flexgrid/FlexCellStore_p.h"
+#include <VemoGridLib/FlexGrid.h>
 
-#include "common/VbConversion.h"
-#include "common/VemoError.h"
+#include <VemoGridLib/VbConversion.h>
+#include <VemoGridLib/VemoError.h>
 
+#include "CellStoreAccess.h"
 #include "FlexEventLog.h"
 #include "VemoTestSupport.h"
 #include <QApplication>
@@ -399,8 +400,8 @@ void tst_FlexGridSort::fixedRowsNeverMove()
     QCOMPARE(grid.TextMatrix(0, 1), QStringLiteral("Key"));
     QCOMPARE(grid.TextMatrix(1, 1), QStringLiteral("zz"));
     QCOMPARE(dataColumn(grid, 1), (QStringList{"a", "b", "c"}));
-    QCOMPARE(grid.cells().format(0, 1).picture.cacheKey(), arrow.cacheKey());
-    QCOMPARE(int(grid.cells().format(0, 1).pictureAlignment), int(flexAlignRightCenter));
+    QCOMPARE(cellsOf(grid).format(0, 1).picture.cacheKey(), arrow.cacheKey());
+    QCOMPARE(int(cellsOf(grid).format(0, 1).pictureAlignment), int(flexAlignRightCenter));
 }
 
 void tst_FlexGridSort::wholeRowsMove()
@@ -430,7 +431,7 @@ void tst_FlexGridSort::wholeRowsMove()
     grid.setSort(flexSortStringAscending);
 
     QCOMPARE(dataColumn(grid, 1), (QStringList{"a", "b", "c", "d"}));
-    const FlexCellStore& cells = grid.cells();
+    const FlexCellStore& cells = cellsOf(grid);
     for (int r = 1; r < grid.Rows(); ++r) {
         const int i = grid.TextMatrix(r, 2).toInt();
         QCOMPARE(grid.TextMatrix(r, 1), keys.at(i));

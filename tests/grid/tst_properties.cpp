@@ -1,10 +1,10 @@
 // Part 1.4: VemoGrid's saved properties: the read and write lists, their defaults, the edge cases
 // of the spec, failure handling and the round trip through MemoryPropertyBag's JSON.
-#include "common/MemoryPropertyBag.h"
-#include "common/PropertyBag.h"
-#include "common/VemoError.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/MemoryPropertyBag.h>
+#include <VemoGridLib/PropertyBag.h>
+#include <VemoGridLib/VemoError.h>
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include "VemoTestSupport.h"
 #include <QApplication>

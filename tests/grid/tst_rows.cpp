@@ -1,10 +1,10 @@
 // Part 1.5: VemoGrid's row operations (AddItem with the empty-line rule and the running
 // number, RemoveItem, Clear, ClearStructure), its typed cell writes, Selected and Version, and
 // the Part 1.12 message that the refused empty line shows.
-#include "common/Messages.h"
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/Messages.h>
+#include "flexgrid/FlexCellStore_p.h"
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include "MessageRecorder.h"
 #include "VemoGridTestSupport.h"

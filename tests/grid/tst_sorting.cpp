@@ -1,12 +1,12 @@
 // Part 1.6: VemoGrid's sorting by a column's SortType (Sort, header clicks, the header arrow,
 // the hidden key column of dates and amounts), SortOnHeaderClick and the SortOnCol quirk.
-#include "common/Messages.h"
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/Messages.h>
+#include "flexgrid/FlexCellStore_p.h"
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 #include "grid/VemoGrid_p.h"
 
-#include "common/VbFormat.h"
+#include <VemoGridLib/VbFormat.h>
 
 #include "MessageRecorder.h"
 #include "VemoGridTestSupport.h"

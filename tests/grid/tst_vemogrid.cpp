@@ -3,15 +3,15 @@
 // passes, the current-row marker and the relay of the hosted grid's events.
 // Widget tests pin the font and compute pixels from the hosted grid's twips geometry with the
 // helpers of common/Twips.h at the viewport's logical dpi.
-#include "common/OleColor.h"
-#include "common/Twips.h"
-#include "common/VemoEnums.h"
-#include "common/VemoError.h"
-#include "grid/Column.h"
-#include "grid/FlexCellFormat.h"
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include <VemoGridLib/OleColor.h>
+#include <VemoGridLib/Twips.h>
+#include <VemoGridLib/VemoEnums.h>
+#include <VemoGridLib/VemoError.h>
+#include <VemoGridLib/Column.h>
+#include "flexgrid/FlexCellFormat_p.h"
+#include "flexgrid/FlexCellStore_p.h"
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"

@@ -1,7 +1,7 @@
 // A recorder of FlexGrid's cell, selection and scroll events, shared by the FlexGrid tests.
 #pragma once
 
-#include "grid/FlexGrid.h"
+#include <VemoGridLib/FlexGrid.h>
 
 #include <QStringList>
 

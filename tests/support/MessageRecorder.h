@@ -1,7 +1,7 @@
 // The recording message handler the tests install (Part 1.12, ARCHITECTURE.md "message box").
 #pragma once
 
-#include "common/Messages.h"
+#include <VemoGridLib/Messages.h>
 
 #include <QList>
 

@@ -1,11 +1,12 @@
 // What the VemoGrid tests share: a shown grid, cell clicks, cell looks and rectangles.
 #pragma once
 
-#include "grid/FlexCellStore.h"
-#include "grid/FlexGrid.h"
-#include "grid/VemoGrid.h"
+#include "flexgrid/FlexCellStore_p.h"
+#include "CellStoreAccess.h"
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VemoGrid.h>
 
-#include "common/Twips.h"
+#include <VemoGridLib/Twips.h>
 
 #include <QRect>
 #include <QTest>
@@ -46,7 +47,7 @@ inline void clickCell(const VemoGridLib::VemoGrid& grid, int row, int col)
 /// may move the store's looks).
 inline VemoGridLib::FlexCellFormat lookOf(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
-    return grid.hostedGrid()->cells().format(row, col);
+    return cellsOf(*grid.hostedGrid()).format(row, col);
 }
 
 /// A cell's rectangle in the hosted viewport, its grid lines included.

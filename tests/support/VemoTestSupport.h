@@ -1,9 +1,9 @@
 // Helpers shared by the test executables: caught errors, VB dates, and scoped locales.
 #pragma once
 
-#include "common/VbLocale.h"
-#include "common/VbStrings.h"
-#include "common/VemoError.h"
+#include <VemoGridLib/VbLocale.h>
+#include <VemoGridLib/VbStrings.h>
+#include <VemoGridLib/VemoError.h>
 
 #include <QByteArray>
 #include <QDateTime>

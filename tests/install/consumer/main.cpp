@@ -1,6 +1,6 @@
 // A host application's smallest use of the installed library.
-#include <common/VbRuntime.h>
-#include <grid/Column.h>
+#include <VemoGridLib/Column.h>
+#include <VemoGridLib/VbRuntime.h>
 
 #include <cstdio>
 

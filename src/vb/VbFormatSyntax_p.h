@@ -1,0 +1,43 @@
+// Internal: the syntax all of Format's grammars share (vb-semantics.md §10–§12): sections,
+// quoted and escaped literals, named number formats, and which grammar a format belongs to.
+// Not installed.
+#pragma once
+
+#include "vb/VbLocale.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace VemoGridLib::vb::detail {
+
+/// A literal of a format: a "quoted" run (an unclosed quote runs to the end) or a \x escape.
+struct FormatLiteral
+{
+    QString text;  ///< what it prints
+    qsizetype end; ///< the index just past it
+};
+
+/// The literal that starts at `pos`, or nothing when `pos` holds no '"' or '\'.
+std::optional<FormatLiteral> literalAt(const QString& format, qsizetype pos);
+
+/// The ';'-separated sections of a format; a ';' inside a literal does not split.
+QStringList formatSections(const QString& format);
+
+/// The user-defined format a named number format stands for ("Standard" is "#,##0.00",
+/// "General Number" the empty format), or nothing when `format` names none.
+std::optional<QString> namedNumberFormat(const QString& format, VbLocale locale);
+
+/// The grammar of a format: a named number or date format says it by its name; otherwise the
+/// first typed token of the first section decides, outside literals: a digit placeholder or
+/// point (Number), a date token (Date), a text token @ & < > ! (Text), or none (Literal).
+enum class FormatKind {
+    Literal,
+    Number,
+    Date,
+    Text,
+};
+FormatKind formatKind(const QString& format);
+
+} // namespace VemoGridLib::vb::detail

@@ -1,0 +1,29 @@
+// Internal seam between the number side of Format (VbFormat.cpp, VbFormatSyntax.cpp) and its
+// date side (VbDateFormat.cpp). Not installed; exported only so the tests can check it directly.
+#pragma once
+
+#include "vb/VbLocale.h"
+#include "common/VemoGridLibExport.h"
+
+#include <QDateTime>
+#include <QString>
+
+namespace VemoGridLib::vb::detail {
+
+/// True when the format is a date format: a named date format ("General Date", "Long Date",
+/// "Medium Date", "Short Date", "Long Time", "Medium Time", "Short Time", any case) or one
+/// whose first section's first typed token is a date token (formatKind() is Date).
+VEMOGRIDLIB_EXPORT bool isDateFormat(const QString& format);
+
+/// True when `format` is the name of a date format (date side).
+bool isNamedDateFormat(const QString& format);
+
+/// True when a date token starts at `pos`: one of the letters d m y w q h n s in any case, or
+/// AM/PM, AMPM, A/P (date side).
+bool startsDateToken(const QString& format, qsizetype pos);
+
+/// Formats a date with a date format (§11); named date formats included.
+VEMOGRIDLIB_EXPORT QString formatDateTime(const QDateTime& value, const QString& format,
+                                          VbLocale locale);
+
+} // namespace VemoGridLib::vb::detail
