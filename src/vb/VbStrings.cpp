@@ -1,4 +1,4 @@
-#include "common/VbStrings.h"
+#include "vb/VbStrings.h"
 
 #include "common/VemoError.h"
 
