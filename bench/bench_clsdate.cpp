@@ -1,4 +1,4 @@
-// Part 3.1: clsDate against ICU's Chinese calendar, converting every supported day.
+// clsDate against ICU's Chinese calendar, converting every supported day.
 #include <VemoGridLib/clsDate.h>
 
 #include "RatioReporter.h"

@@ -50,7 +50,7 @@ constexpr int keyCol = 0;
 constexpr int writesPerBatch = 100;
 constexpr int columnPx = 80;
 constexpr QSize frameSize(800, 600);
-/// VemoGrid's default row bands (spec: white even rows, light yellow &HBFFFFF odd rows).
+/// VemoGrid's default row bands: white even rows, light yellow &HBFFFFF odd rows.
 constexpr OleColor evenBandColor = 0xFFFFFF;
 constexpr OleColor oddBandColor = 0xBFFFFF;
 

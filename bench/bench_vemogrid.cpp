@@ -1,4 +1,4 @@
-// VemoGrid's bulk operations (Parts 1.1, 1.5, 1.6, 1.8) against their peers, all measured in
+// VemoGrid's bulk operations against their peers, all measured in
 // one run: Rows with its colouring and check-box passes against colouring a FlexGrid cell by
 // cell, Sort for every SortType against QTableWidget's numeric sort, ExportToExcel against one
 // buffered write of the same bytes, and AddItem against QTableWidget's row-by-row insertion.
@@ -53,7 +53,7 @@ constexpr int checkBoxCol = 2;
 constexpr int lockedCol = 4;
 constexpr int autoAddCol = 6;
 
-// VemoGrid's default colours (Part 1.1), which the FlexGrid peer paints by hand.
+// VemoGrid's default band colours, which the FlexGrid peer paints by hand.
 constexpr OleColor evenBandColor = 0xFFFFFF;
 constexpr OleColor oddBandColor = 0xBFFFFF;
 constexpr OleColor readOnlyColor = 0xDFDFC0;
@@ -427,7 +427,7 @@ void tableWidgetNumericSort(benchmark::State& state)
 
 // ---- target 3: ExportToExcel ----------------------------------------------------------------
 
-/// Part 1.8's record kinds, by the record number that opens each record.
+/// The BIFF2 record kinds the export writes, by the record number that opens each record.
 struct RecordCounts
 {
     int labels = 0;

@@ -42,7 +42,7 @@ enum FormColumn : int {
     ColumnCount,
 };
 
-struct ColumnSpec
+struct ColumnLayout
 {
     /// UTF-8.
     const char* header;
@@ -52,7 +52,7 @@ struct ColumnSpec
     VemoSortTypeConstants sortType;
 };
 
-constexpr std::array<ColumnSpec, ColumnCount> Columns{{
+constexpr std::array<ColumnLayout, ColumnCount> Columns{{
     {"", '^', eTextBox, VemoSortNone},
     {"No.", '>', eLong, VemoSortNumeric},
     {"Paid", '^', eCheckBox, VemoSortString},
@@ -78,12 +78,12 @@ constexpr const char* ProductPageBase = "https://example.com/shop/";
 
 /// Room beside a text: the cell margins.
 constexpr int TextPaddingPx = 12;
-/// Room for the sort arrow (Part 1.6 puts it at the header's right edge) on both sides of a
+/// Room for the sort arrow (VemoGrid draws it at the header's right edge) on both sides of a
 /// centred header text.
 constexpr int ArrowRoomPx = 14;
 /// The fixed column shows only the row marker.
 constexpr int MarkerColumnPx = 18;
-/// VemoGrid's hosted grid leaves this margin free at the right and bottom (Part 1.1).
+/// VemoGrid's hosted grid leaves this margin free at the right and bottom.
 constexpr int GridMarginTwips = 60;
 /// Slack against the rounding of twips to pixels, so that the sample rows need no scroll bar.
 constexpr int SlackPx = 4;
@@ -96,8 +96,8 @@ QString header(int col)
 QString formatString()
 {
     QStringList segments;
-    for (const ColumnSpec& spec : Columns)
-        segments << QLatin1Char(spec.alignment) + QString::fromUtf8(spec.header);
+    for (const ColumnLayout& layout : Columns)
+        segments << QLatin1Char(layout.alignment) + QString::fromUtf8(layout.header);
     return segments.join(QLatin1Char('|'));
 }
 
@@ -189,10 +189,10 @@ void InvoiceForm::setUpColumns()
     m_grid->setAllowUserResizing(Flex::flexResizeColumns);
     m_grid->setFormatString(formatString());
     for (int col = m_grid->FixedCols(); col < ColumnCount; ++col) {
-        const ColumnSpec& spec = Columns[std::size_t(col)];
-        m_grid->setColType(col, spec.type);
-        m_grid->Column(col)->setSortType(spec.sortType);
-        // Part 1.6 puts the sort arrow at the header's right edge, clear of a centred text.
+        const ColumnLayout& layout = Columns[std::size_t(col)];
+        m_grid->setColType(col, layout.type);
+        m_grid->Column(col)->setSortType(layout.sortType);
+        // VemoGrid draws the sort arrow at the header's right edge, clear of a centred text.
         m_grid->setColAlignmentFixed(col, Flex::flexAlignCenterCenter);
     }
     m_grid->Column(ColNumber)->setAutoAdd(true);
@@ -243,7 +243,7 @@ void InvoiceForm::computeAmounts()
     for (int row = m_grid->FixedRows(); row < m_grid->Rows(); ++row) {
         m_grid->setRow(row);
         m_grid->setCol(ColPrice);
-        // Leaving an operand cell recomputes the row's amount (Part 1.7), as a clerk's Tab does.
+        // Leaving an operand cell recomputes the row's amount, as a clerk's Tab does.
         m_grid->setCol(ColQuantity);
     }
     m_grid->setRedraw(true);
@@ -317,14 +317,14 @@ void InvoiceForm::exportToExcel()
         QStringLiteral("Excel worksheets (*.xls)"));
     if (file.isEmpty())
         return;
-    // The export writes over an existing file without truncating it (Part 1.8), which would
+    // The export writes over an existing file without truncating it, which would
     // leave a longer file's tail behind; the dialog has had the user agree to replace it.
     if (QFile::exists(file) && !QFile::remove(file)) {
         showStatus(QStringLiteral("Cannot replace %1.").arg(QDir::toNativeSeparators(file)));
         return;
     }
     m_grid->ExportToExcel(file);
-    // The export is silent about failures (Part 1.8): the file tells whether it was written.
+    // The export is silent about failures: the file tells whether it was written.
     const QFileInfo written(file);
     showStatus(written.exists() && written.size() > 0
                    ? QStringLiteral("Exported %1 to %2.")

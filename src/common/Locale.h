@@ -1,4 +1,4 @@
-// Part 1.12: the system default locale, the language index, and the ANSI code page.
+// The system default locale, the language index of the messages, and the ANSI code page.
 #pragma once
 
 #include <VemoGridLib/VemoEnums.h>
@@ -13,19 +13,19 @@ namespace VemoGridLib {
 /// "zh_HK" → 3076, "en_US" → 1033, "en_GB" → 2057, ...); "C", "POSIX", empty or unknown → 1033.
 VEMOGRIDLIB_EXPORT quint32 lcidFromLocaleName(const QString& localeName);
 
-/// Part 1.12: the system default locale identifier, from the first set of LC_ALL, LC_MESSAGES,
+/// The system default locale identifier, from the first set of LC_ALL, LC_MESSAGES,
 /// LANG; read on every call, never cached.
 VEMOGRIDLIB_EXPORT quint32 systemDefaultLcid();
 
-/// The user default locale identifier that VB's conversions follow (vb-semantics.md): the first
+/// The user default locale identifier that the VB runtime's conversions follow: the first
 /// set of LC_ALL, LC_TIME, LANG; kept apart from the system locale of the messages.
 VEMOGRIDLIB_EXPORT quint32 userDefaultLcid();
 
-/// Part 1.12: 0 (Simplified Chinese) for 2052, 1 (Traditional Chinese) for 1028, 2 (English)
-/// for any other system locale; read on every call.
+/// The message language: 0 (Simplified Chinese) for 2052, 1 (Traditional Chinese) for 1028, 2
+/// (English) for any other system locale; read on every call.
 VEMOGRIDLIB_EXPORT LanguageIndex languageIndex();
 
-/// The system ANSI code page used for texts written to BIFF2 files (Part 1.8): 936 (GBK) for
+/// The system ANSI code page of the texts the Excel export writes: 936 (GBK) for
 /// 2052, 950 (Big5) for 1028, 1252 otherwise.
 VEMOGRIDLIB_EXPORT int ansiCodePage();
 

@@ -1,4 +1,4 @@
-// Part 1.4: the in-memory property bag and its JSON form.
+// The in-memory property bag and its JSON form.
 #include "common/MemoryPropertyBag.h"
 
 #include <QFont>

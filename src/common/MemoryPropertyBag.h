@@ -1,5 +1,5 @@
 // The library's property bag: saved properties kept in memory, in write order, with a JSON form
-// (Part 1.4; ARCHITECTURE.md "property bag").
+// (what a container saves with a form and hands back when the form is loaded).
 #pragma once
 
 #include <VemoGridLib/PropertyBag.h>
@@ -15,11 +15,11 @@
 
 namespace VemoGridLib {
 
-/// A `PropertyBag` held in memory (Part 1.4): what a container saves with a form. Properties
+/// A `PropertyBag` held in memory: what a container saves with a form. Properties
 /// keep the order in which they were first written; names are compared case-sensitively.
 ///
 /// "Equal to the default" is decided by value, not by QVariant type, so a control may give a
-/// write default in the saved format's type (Part 1.4 writes `FocusRect` with a 16-bit default)
+/// write default in the saved format's type (VemoGrid writes `FocusRect` with a 16-bit default)
 /// while its getter returns another width:
 /// - integers of any width and signedness (and enumerations) are equal when their values are
 ///   (so `qint16(1)` equals `int(1)`, and `quint32(0x8000000F)` does not equal the negative
@@ -32,29 +32,29 @@ namespace VemoGridLib {
 class VEMOGRIDLIB_EXPORT MemoryPropertyBag : public PropertyBag
 {
 public:
-    /// Part 1.4: an empty bag, as a new control's container gives it.
+    /// An empty bag, as a new control's container gives it.
     MemoryPropertyBag() = default;
 
-    /// Part 1.4 read with a default: the value stored under `name`, else `defaultValue`.
+    /// Reads with a default: the value stored under `name`, else `defaultValue`.
     QVariant ReadProperty(const QString& name, const QVariant& defaultValue) const override;
-    /// Part 1.4 write with a default: a value equal to `defaultValue` (see the class comment)
+    /// Writes with a default: a value equal to `defaultValue` (see the class comment)
     /// is not stored and removes what `name` held; any other value is stored, replacing an
     /// earlier value of `name` in its place or else appended after the last property.
     void WriteProperty(const QString& name, const QVariant& value,
                        const QVariant& defaultValue) override;
 
-    /// Part 1.4: whether a value is stored under `name`.
+    /// Whether a value is stored under `name`.
     bool contains(const QString& name) const;
-    /// Part 1.4: the stored names in write order.
+    /// The stored names in write order.
     QStringList names() const;
-    /// Part 1.4: the value stored under `name`, or a null QVariant. An object value whose
+    /// The value stored under `name`, or a null QVariant. An object value whose
     /// QObject has been destroyed since it was written reads as a null pointer of its type, so
     /// a bag never hands out a dangling object.
     QVariant value(const QString& name) const;
-    /// Part 1.4: removes every property.
+    /// Removes every property.
     void clear();
 
-    /// Part 1.4 saved form: the properties in write order as indented UTF-8 JSON,
+    /// The saved form: the properties in write order as indented UTF-8 JSON,
     /// `{"properties": [{"name": "Cols", "type": "int32", "value": 5}, ...]}`. Types and their
     /// JSON values: "bool" (true/false), "int16", "int32", "uint32" (OLE colours, exact) as
     /// integral numbers, "float" and "double" as numbers, "string" as a string, "font" as the
@@ -62,7 +62,7 @@ public:
     /// "DataSource" model, pictures, null values, non-finite numbers — cannot be saved and are
     /// left out; their names are appended to `leftOut` when it is given.
     QByteArray toJson(QStringList* leftOut = nullptr) const;
-    /// Part 1.4 restore from `toJson`'s form, with every value back in its own type and the
+    /// Restores from `toJson`'s form, with every value back in its own type and the
     /// order kept (a name given twice keeps its first place and its last value). Anything
     /// malformed — not JSON, a missing field, an unknown type, a value that does not fit its
     /// type such as an "int16" of 40000 — gives an empty bag and a description in `error`

@@ -11,7 +11,7 @@ namespace VemoGridLib {
 
 namespace {
 
-// The texts of Part 1.12, indexed by MessageId and then by LanguageIndex; kept exactly as the
+// The message texts, indexed by MessageId and then by LanguageIndex; kept exactly as the
 // original program wrote them. The English operator message has no title of its own.
 struct MessageTexts
 {
@@ -47,7 +47,7 @@ bool openWithDesktopServices(const QString& target)
     return QDesktopServices::openUrl(QUrl::fromUserInput(target));
 }
 
-// The two replaceable handlers of ARCHITECTURE.md: the only process-wide state of the library.
+// The two replaceable handlers (message box, shell open): the library's only process-wide state.
 MessageHandler& installedMessageHandler()
 {
     static MessageHandler handler = showMessageBox;
@@ -71,7 +71,7 @@ Message messageText(MessageId id, LanguageIndex language)
 
 Message localizedMessage(MessageId id)
 {
-    // Part 1.12 reads the index twice: 0 first, then 1 on a second call.
+    // The index is read twice, as the original control did: 0 first, then 1 on a second call.
     if (languageIndex() == SimplifiedChinese)
         return messageText(id, SimplifiedChinese);
     return messageText(id, languageIndex() == TraditionalChinese ? TraditionalChinese : English);

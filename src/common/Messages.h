@@ -1,4 +1,4 @@
-// Part 1.12: the user-facing messages in three text sets, shown through a replaceable handler;
+// The user-facing messages in three text sets, shown through a replaceable handler;
 // and the shell "Open" verb, likewise replaceable.
 #pragma once
 
@@ -28,16 +28,16 @@ struct Message
     friend bool operator==(const Message&, const Message&) = default;
 };
 
-/// The messages of the grid (Part 1.12 table).
+/// The messages of the grid.
 enum class MessageId {
-    RefusedEmptyLine, ///< Part 1.5: "Do not allow add a null line!"
-    BadOperator,      ///< Part 1.7: "Operator ERROR"
+    RefusedEmptyLine, ///< AddItem refused: "Do not allow add a null line!"
+    BadOperator,      ///< AutoCalcOPE set to no + - * /: "Operator ERROR"
 };
 
 /// The text set of `id` for language `language`.
 VEMOGRIDLIB_EXPORT Message messageText(MessageId id, LanguageIndex language);
 
-/// The text set of `id` chosen as Part 1.12 says: index 0 selects Simplified Chinese, otherwise
+/// The text set of `id` chosen by the language index: 0 selects Simplified Chinese, otherwise
 /// the index is read a second time and 1 selects Traditional Chinese, anything else English.
 VEMOGRIDLIB_EXPORT Message localizedMessage(MessageId id);
 
@@ -51,7 +51,7 @@ VEMOGRIDLIB_EXPORT void showMessage(MessageId id);
 /// test can record messages instead of blocking on a dialog.
 VEMOGRIDLIB_EXPORT MessageHandler setMessageHandler(MessageHandler handler);
 
-/// Opens a link or document with the shell's "Open" verb (Part 1.3 hyperlinks); the default
+/// Opens a link or document with the shell's "Open" verb (hyperlink cells); the default
 /// handler is QDesktopServices::openUrl. Returns whether the handler reported success.
 using ShellOpenHandler = std::function<bool(const QString& target)>;
 /// Opens `target` through the installed handler.

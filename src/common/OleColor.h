@@ -9,16 +9,16 @@
 
 namespace VemoGridLib {
 
-/// A colour as the spec stores and saves it (Overview, "Shared types and helpers"; Part 1.4
-/// saved colours): 0x00BBGGRR, so 255 is red and 0xFF0000 blue; a value with the top bit set
+/// A colour as VB holds it in OLE_COLOR properties and forms save it
+/// (0x00BBGGRR): 255 is red and 0xFF0000 blue; a value with the top bit set
 /// names a Windows system colour by its index in the low bits.
 using OleColor = quint32;
 
-/// The top bit that marks a system colour (spec: &H80000000 + n).
+/// The top bit that marks a system colour (&H80000000 + n).
 inline constexpr OleColor SystemColorFlag = 0x80000000u;
 
 // VB's system colour constants (SystemColorConstants) with their COLOR_* index, as written in
-// the saved-property defaults of Parts 1.4 and 2.5 and the FlexGrid defaults. toQColor() maps
+// the saved-property defaults of the controls and of FlexGrid. toQColor() maps
 // each to a QPalette role (the table is in OleColor.cpp).
 
 inline constexpr OleColor vbScrollBars = 0x80000000u;       ///< COLOR_SCROLLBAR (0)

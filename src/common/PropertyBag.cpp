@@ -1,4 +1,4 @@
-// Part 1.4: the property bag interface.
+// The property bag interface.
 #include "common/PropertyBag.h"
 
 namespace VemoGridLib {

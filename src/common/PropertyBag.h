@@ -1,4 +1,4 @@
-// The container's property bag (Part 1.4; ARCHITECTURE.md "property bag").
+// The container's property bag: where a form's saved control settings live.
 #pragma once
 
 #include <VemoGridLib/VemoGridLibExport.h>
@@ -8,7 +8,7 @@
 
 namespace VemoGridLib {
 
-/// Where a control's design-time settings are saved and restored from (Part 1.4). A control
+/// Where a control's design-time settings are saved and restored from. A control
 /// reads each property with its read default and writes each with its write default; the bag
 /// decides what "not stored" means. `MemoryPropertyBag` is the library's implementation.
 class VEMOGRIDLIB_EXPORT PropertyBag

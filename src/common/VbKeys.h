@@ -11,28 +11,28 @@ class QKeyEvent;
 
 namespace VemoGridLib {
 
-// VB's KeyCodeConstants: the `KeyCode` of the KeyDown/KeyUp events (Overview; grid keyboard of
-// Part 1.3; editors of Parts 2.2-2.5), equal to the Windows virtual-key codes.
+// VB's KeyCodeConstants: the `KeyCode` of the KeyDown/KeyUp events (grid keyboard and the
+// cell editors), equal to the Windows virtual-key codes.
 
 inline constexpr short vbKeyBack = 8;      ///< Backspace
 inline constexpr short vbKeyTab = 9;       ///< Tab (also Shift+Tab)
 inline constexpr short vbKeyClear = 12;    ///< Clear (keypad 5 with NumLock off)
-inline constexpr short vbKeyReturn = 13;   ///< Enter, main block or keypad (Part 1.3 moves on)
+inline constexpr short vbKeyReturn = 13;   ///< Enter, main block or keypad (moves to the next cell)
 inline constexpr short vbKeyShift = 16;    ///< Shift
 inline constexpr short vbKeyControl = 17;  ///< Ctrl
 inline constexpr short vbKeyMenu = 18;     ///< Alt (Windows calls it the menu key)
 inline constexpr short vbKeyPause = 19;    ///< Pause
 inline constexpr short vbKeyCapital = 20;  ///< Caps Lock
 inline constexpr short vbKeyEscape = 27;   ///< Esc
-inline constexpr short vbKeySpace = 32;    ///< Space (toggles the check box, Part 2.3)
+inline constexpr short vbKeySpace = 32;    ///< Space (toggles a check box)
 inline constexpr short vbKeyPageUp = 33;   ///< Page Up
 inline constexpr short vbKeyPageDown = 34; ///< Page Down
 inline constexpr short vbKeyEnd = 35;      ///< End
 inline constexpr short vbKeyHome = 36;     ///< Home
 inline constexpr short vbKeyLeft = 37;     ///< Left arrow
-inline constexpr short vbKeyUp = 38;       ///< Up arrow (Alt+Up step-scrolls, Part 1.3)
+inline constexpr short vbKeyUp = 38;       ///< Up arrow (Alt+Up step-scrolls the grid)
 inline constexpr short vbKeyRight = 39;    ///< Right arrow
-inline constexpr short vbKeyDown = 40;     ///< Down arrow (Alt+Down step-scrolls, Part 1.3)
+inline constexpr short vbKeyDown = 40;     ///< Down arrow (Alt+Down step-scrolls the grid)
 inline constexpr short vbKeySelect = 41;   ///< Select
 inline constexpr short vbKeyPrint = 42;    ///< Print (the printer key, not Print Screen)
 inline constexpr short vbKeyExecute = 43;  ///< Execute
@@ -137,13 +137,13 @@ VEMOGRIDLIB_EXPORT short vbKeyCode(int qtKey, Qt::KeyboardModifiers modifiers = 
 VEMOGRIDLIB_EXPORT short vbKeyCode(const QKeyEvent* event);
 
 /// A Qt key that vbKeyCode() maps to `keyCode`, with Qt::KeypadModifier for the numpad codes,
-/// for synthesising keystrokes (wheel scrolling and the arrow button, Part 1.3 and 2.4):
+/// for synthesising keystrokes (wheel scrolling and the combo's arrow button):
 /// `QKeyEvent(QEvent::KeyPress, c.key(), c.keyboardModifiers())`. Shifted characters are not
 /// produced (49 gives Key_1). A code no key maps to (0, 108, ...) gives Qt::Key_unknown.
 VEMOGRIDLIB_EXPORT QKeyCombination qtKeyFromVbKeyCode(short keyCode);
 
-/// The `Shift` argument of the key and mouse events (Overview): 1 Shift + 2 Ctrl + 4 Alt, as
-/// held (Part 1.3 step-scrolls on Shift = 4). Meta and the keypad flag are not part of it.
+/// The `Shift` argument of the key and mouse events: 1 Shift + 2 Ctrl + 4 Alt, as
+/// held (the grid step-scrolls on Shift = 4). Meta and the keypad flag are not part of it.
 VEMOGRIDLIB_EXPORT short vbShiftMask(Qt::KeyboardModifiers modifiers);
 
 /// The `Button` argument of MouseMove (Overview; FlexGrid reference): 1 left + 2 right +
@@ -153,9 +153,9 @@ VEMOGRIDLIB_EXPORT short vbButtonMask(Qt::MouseButtons buttons);
 /// 0 for a button VB does not report (back, forward, ...).
 VEMOGRIDLIB_EXPORT short vbButton(Qt::MouseButton button);
 
-/// The `KeyAscii` of the KeyPress event (grid and editors; Part 2.2 filters on it), as Windows
-/// generates the character of a key press, or 0 when the key types none (arrows, F-keys,
-/// Delete, Alt combinations, which Windows sends as system keys):
+/// The `KeyAscii` of the KeyPress event (grid and editors; numeric editors filter on it), as
+/// Windows generates the character of a key press, or 0 when the key types none (arrows,
+/// F-keys, Delete, Alt combinations, which Windows sends as system keys):
 /// - Return and keypad Enter 13, Backspace 8, Esc 27, Tab and Shift+Tab 9;
 /// - with Ctrl and without Alt: Ctrl+A..Ctrl+Z 1..26, Ctrl+[ 27, Ctrl+\ 28, Ctrl+] 29,
 ///   Ctrl+Enter 10, Ctrl+Backspace 127, Ctrl+Space 32, any other key 0;
@@ -167,7 +167,7 @@ VEMOGRIDLIB_EXPORT short vbButton(Qt::MouseButton button);
 ///   back unchanged keeps it whole.
 VEMOGRIDLIB_EXPORT short vbKeyAscii(const QKeyEvent* event);
 
-/// The character of a KeyAscii value after a receiver may have changed it (Part 2.1: the
+/// The character of a KeyAscii value after a receiver may have changed it (the
 /// editor types what KeyAscii holds): the UTF-16 unit it stands for, QChar(0) for 0.
 constexpr QChar keyAsciiChar(short keyAscii)
 {

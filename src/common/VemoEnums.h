@@ -1,4 +1,4 @@
-// The enumerations of the spec's Overview ("Shared types and helpers"), with their values.
+// The enumerations shared by the grid, its columns and editors, with their values.
 #pragma once
 
 #include <VemoGridLib/VemoGridLibExport.h>
@@ -8,7 +8,7 @@
 namespace VemoGridLib {
 Q_NAMESPACE_EXPORT(VEMOGRIDLIB_EXPORT)
 
-/// Editing type of a grid column (Overview; Part 1.2).
+/// Editing type of a grid column.
 enum VemoGridColType : int {
     eTextBox = 0,
     eCheckBox = 1,
@@ -22,7 +22,7 @@ enum VemoGridColType : int {
 };
 Q_ENUM_NS(VemoGridColType)
 
-/// Sort direction of the header-click sort (Part 1.6).
+/// Sort direction of the header-click sort.
 enum VemoGridSortMode : int {
     SortNone = 0,
     SortAscending = 1,
@@ -30,7 +30,7 @@ enum VemoGridSortMode : int {
 };
 Q_ENUM_NS(VemoGridSortMode)
 
-/// How a column sorts (Part 1.6).
+/// How a column sorts.
 enum VemoSortTypeConstants : int {
     VemoSortNone = 0,
     VemoSortGeneric = 1,
@@ -42,7 +42,7 @@ enum VemoSortTypeConstants : int {
 };
 Q_ENUM_NS(VemoSortTypeConstants)
 
-/// Step-scrolling direction of the grid (Part 1.3).
+/// Step-scrolling direction of the grid.
 enum VemoGridScrollType : int {
     VemoScrollAuto = 0,
     VemoScrollVertical = 1,
@@ -51,7 +51,7 @@ enum VemoGridScrollType : int {
 };
 Q_ENUM_NS(VemoGridScrollType)
 
-/// Border look of a control: the spec's `flat` 0 and `3D` 1 (a C++ name cannot start with a digit).
+/// Border look of a control: `flat` 0 and `3D` 1 (a C++ name cannot start with a digit).
 enum AppearanceConstants : int {
     flat = 0,
     ThreeD = 1,
@@ -75,7 +75,7 @@ enum BorderStyleConstants : int {
 };
 Q_ENUM_NS(BorderStyleConstants)
 
-/// Language index of Part 1.12: which of the three text sets a message uses.
+/// Language index of the messages: which of the three text sets a message uses.
 enum LanguageIndex : int {
     SimplifiedChinese = 0,
     TraditionalChinese = 1,

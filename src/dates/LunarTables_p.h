@@ -1,4 +1,4 @@
-// Part 3.1: the constant numeric tables of the lunar calendar engine `clsDate`.
+// The constant numeric tables of the lunar calendar engine `clsDate`.
 #pragma once
 
 #include <QtGlobal>
@@ -7,13 +7,13 @@
 
 namespace VemoGridLib::LunarTables {
 
-/// The first and last lunar years of the tables: the spec's 1900..2049, extended to 2100 with
+/// The first and last lunar years of the tables: the original 1900..2049, extended to 2100 with
 /// the rows of lunarinfo-2050-2100.tsv (same encoding).
 inline constexpr int FirstYear = 1900;
 inline constexpr int LastYear = 2100;
 inline constexpr int YearCount = LastYear - FirstYear + 1;
 
-/// Part 3.1 table 1, `LunarInfo`: bits 0–3 the leap month (0 for none), bits 4–15 the twelve
+/// `LunarInfo`, one per lunar year: bits 0–3 the leap month (0 for none), bits 4–15 the twelve
 /// ordinary months (month m is bit 0x10000 >> m, set = 30 days), bit 16 the leap month's length,
 /// bit 20 always set as stored and never meaningful.
 // clang-format off
@@ -62,7 +62,7 @@ inline constexpr std::array<quint32, YearCount> LunarInfo = {
 };
 // clang-format on
 
-/// Part 3.1 table 2, `LunarYearLength`: days of each lunar year, stored as the Part stores it;
+/// `LunarYearLength`: days of each lunar year, a table of its own as the original engine has it;
 /// the static_assert below proves every entry equals the sum `LunarInfo` gives.
 // clang-format off
 inline constexpr std::array<int, YearCount> LunarYearLength = {
@@ -90,7 +90,7 @@ inline constexpr std::array<int, YearCount> LunarYearLength = {
 };
 // clang-format on
 
-/// Part 3.1 table 3, `SolarTermMinutes`: minutes from the start of the solar year to each term.
+/// `SolarTermMinutes`: minutes from the start of the solar year to each term.
 inline constexpr std::array<int, 24> SolarTermMinutes = {
     0,      21208,  42467,  63836,  85337,  107014, 128867, 150921, 173149, 195551, 218072, 240693,
     263343, 285989, 308563, 331033, 353350, 375494, 397447, 419210, 440795, 462224, 483532, 504758,

@@ -1,4 +1,4 @@
-// Part 3.1: the Chinese lunar calendar engine.
+// The Chinese lunar calendar engine.
 #include "dates/clsDate.h"
 
 #include "common/Locale.h"
@@ -19,11 +19,11 @@ struct Festival
 {
     int month;
     int day;
-    int holidayFlag; // stored as the Part stores it; nothing reads it
+    int holidayFlag; // kept as the original festival table has it; nothing reads it
     QStringView name;
 };
 
-// Part 3.1 tables 4–7 in one text set; an instance picks its set once, at construction.
+// The name tables in one text set; an instance picks its set once, at construction.
 struct TableTexts
 {
     std::array<QStringView, 24> solarTermNames;
@@ -111,8 +111,8 @@ qint64 serialOf(const QDate& date)
     return date.toJulianDay() - JulianDayOfSerialZero;
 }
 
-// 1900-01-30 is the Part's own offset-0 edge case; the tables end with lunar 2100, which runs
-// into January 2101, so the whole Gregorian year 2100 converts.
+// 1900-01-30 is the tables' offset-0 edge case (lunar day 0); the tables end with lunar
+// 2100, which runs into January 2101, so the whole Gregorian year 2100 converts.
 bool isSupportedDate(const QDate& date)
 {
     return date >= QDate(1900, 1, 30) && date <= QDate(2100, 12, 31);
@@ -176,7 +176,7 @@ struct LunarDate
     bool isLeap = false;
 };
 
-// Part 3.1 sInitDate steps 3–6, from the day count after 1900-01-30.
+// The lunar year, month and day of the day count after 1900-01-30, walking year and month lengths.
 LunarDate lunarDateOfOffset(qint64 offset)
 {
     LunarDate lunar;
@@ -236,8 +236,8 @@ struct clsDate::Private
     {}
 
     const TableTexts& texts;
-    // The Part's separate Gregorian-date fields: before the first sInitDate the year is 0 and
-    // the date value is serial 0, which are not the same day; hence both are kept.
+    // The Gregorian date is kept apart from the serial, as the original engine does: before the
+    // first sInitDate the year is 0 and the serial 0, which are not the same day.
     QDate gregorian;
     qint64 serial = 0;
     LunarDate lunar;
@@ -301,7 +301,7 @@ QString clsDate::lHoliday()
         const QDate tomorrow = today.addDays(1);
         sInitDate(tomorrow.year(), tomorrow.month(), tomorrow.day());
         if (d->lunar.year != keptLunarYear + 1)
-            return {}; // the Part leaves the instance on the following day here
+            return {}; // deliberately left on the following day, as the original engine does
         sInitDate(today.year(), today.month(), today.day());
         return memberTextsOfLocale().newYearsEve.toString();
     }

@@ -14,7 +14,7 @@ namespace VemoGridLib::vb {
 
 namespace {
 
-// The general form is fixed below 1e15 while it needs at most 15 decimals (§5).
+// The general form is fixed below 1e15 while it needs at most 15 decimals, else scientific.
 constexpr int ScientificFromExponent = 15;
 constexpr int MaxFixedDecimals = 15;
 constexpr int MinExponentDigits = 2;
@@ -25,7 +25,7 @@ constexpr quint64 Max16Bits = 0xFFFF;
 constexpr quint64 Max32Bits = 0xFFFFFFFF;
 
 // ---------------------------------------------------------------------------------------------
-// Decimal and radix text to numbers, shared by the §4 scanner and Val (§3)
+// Decimal and radix text to numbers, shared by the locale number scanner and Val
 // ---------------------------------------------------------------------------------------------
 
 enum class ParseStatus {
@@ -70,7 +70,7 @@ int radixBase(QChar letter)
 }
 
 // An &H/&O value is an Integer when it fits 16 bits (so &HFFFF is -1) and a Long when it fits
-// 32 bits (§3 rule 4); the bits are read as two's complement.
+// 32 bits, as Val reads them; the bits are read as two's complement.
 double radixValue(quint64 bits, bool forceLong)
 {
     if (bits <= Max16Bits && !forceLong)
@@ -105,7 +105,7 @@ void appendExponentDigit(long& exponent, QChar digit)
 }
 
 // ---------------------------------------------------------------------------------------------
-// The locale number scanner (§4)
+// The locale number scanner of IsNumeric and CDbl
 // ---------------------------------------------------------------------------------------------
 
 bool isScannerWhite(QChar c)
@@ -261,7 +261,7 @@ private:
 };
 
 // ---------------------------------------------------------------------------------------------
-// Val (§3)
+// Val: the longest number at the start of a text, locale-independent
 // ---------------------------------------------------------------------------------------------
 
 QString withoutBlanks(const QString& text)
@@ -307,7 +307,7 @@ public:
         if (m_integerDigits.empty() && m_fractionDigits.empty())
             return 0;
         readExponent();
-        // An Integer type suffix cannot follow a fraction (§3 rule 6).
+        // An Integer type suffix cannot follow a fraction: "50.5%" is a type mismatch.
         if (peek() == u'%' && hasPoint)
             throw VemoError::typeMismatch();
         const ParsedNumber number = decimalToDouble(m_integerDigits, m_fractionDigits, m_exponent);
@@ -359,7 +359,7 @@ private:
 };
 
 // ---------------------------------------------------------------------------------------------
-// CStr (§5)
+// CStr: the general number form of a Double
 // ---------------------------------------------------------------------------------------------
 
 QString fixedNotation(const detail::DecimalDigits& number)

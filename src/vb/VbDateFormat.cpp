@@ -1,4 +1,4 @@
-// VB runtime subset: Format with date formats, and CStr of a date (vb-semantics.md §11, §15).
+// VB runtime subset: Format with date formats, and CStr of a date, in the en-US and zh-CN rules.
 #include "vb/VbDateTime.h"
 #include "vb/VbFormat.h"
 #include "vb/VbFormatSyntax_p.h"
@@ -14,7 +14,7 @@ namespace VemoGridLib::vb {
 
 namespace {
 
-// en-US names are [V]; the zh-CN texts are unconfirmed (§15): the full month name "一月" for
+// The en-US names are confirmed on Windows; the zh-CN texts are not yet: "一月" for
 // mmmm, "1月" for mmm, "星期一" for both ddd and dddd, 上午/下午 for AM/PM.
 constexpr const char* kEnMonths[12] = {"January",   "February", "March",    "April",
                                        "May",       "June",     "July",     "August",
@@ -126,7 +126,7 @@ qsizetype runLength(const QString& s, qsizetype i)
     return j - i;
 }
 
-// Splits the first section of a date format into tokens (§11): letter case does not matter;
+// Splits the first section of a date format into tokens: letter case does not matter;
 // runs longer than the longest token start a new token ("yyy" = "yy" + "y"); \x and "text" are
 // literals, as is any other character.
 class FormatTokenizer
@@ -265,7 +265,7 @@ QString twoDigits(int value)
 }
 
 // The date and time of a VB Date argument, the time rounded to the nearest second as VB
-// splits a serial (§1); an invalid (null) QDateTime is the empty date, serial 0.
+// splits a serial; an invalid (null) QDateTime is the empty date, serial 0.
 std::pair<QDate, QTime> dateParts(const QDateTime& value)
 {
     QDate date = value.date().isValid() ? value.date() : QDate(1899, 12, 30);

@@ -1,5 +1,5 @@
 // VB runtime subset: date serials, DateSerial, IsDate/CDate, DateAdd, DateDiff, Weekday
-// (vb-semantics.md §1, §9, §13). CStr(date) lives with the date formatter in VbDateFormat.cpp.
+// and Weekday. CStr(date) lives with the date formatter in VbDateFormat.cpp.
 #include "vb/VbDateTime.h"
 
 #include "vb/VbFormat_p.h"
@@ -65,7 +65,7 @@ double roundHalfEven(double x)
 }
 
 // The two-digit year window of Windows 10 1903 and later: 00–49 → 2000–2049, 50–99 →
-// 1950–1999 (§9).
+// 1950–1999, as VB's date parsing applies it.
 int expandTwoDigitYear(int year)
 {
     if (year >= 0 && year < 50)
@@ -94,7 +94,7 @@ QDate clampedDate(qint64 months, int day)
 }
 
 // ---------------------------------------------------------------------------------------------
-// The lenient date parser of IsDate / CDate (§9).
+// The lenient date parser of IsDate / CDate.
 
 // What stood between an element and the one before it.
 enum class Sep { None, Blank, Slash, Dash, Comma, Colon, Dot };
@@ -344,7 +344,7 @@ QList<Order> allowedOrders(int monthPos, qsizetype valueCount)
         return {YDM, DYM};
     default:
         // Without a month name: month/day orders, and year first with three numbers. M/Y/D is
-        // not tried: "2 32 3" is no date on Windows (§9).
+        // not tried: "2 32 3" is no date on Windows.
         if (valueCount == 3)
             return {MDY, DMY, YMD};
         return {MDY, DMY};
@@ -464,7 +464,7 @@ bool isApartFromDate(const QList<Element>& e, const TimeSpan& span)
            (!dateAfter || e[blockEnd].sep == Sep::Blank);
 }
 
-// "0.0" alone is no date on current Windows (§9), although "0.1" and "2.5" are times.
+// "0.0" alone is no date on current Windows, although "0.1" and "2.5" are times.
 bool isLoneDottedZero(const QList<Element>& e, const TimeSpan& span)
 {
     const int count = span.end - span.start;

@@ -17,7 +17,7 @@ namespace VemoGridLib::vb {
 namespace {
 
 // ---------------------------------------------------------------------------------------------
-// Text formats (§12)
+// Text formats: @ & < > ! applied to a text
 // ---------------------------------------------------------------------------------------------
 
 enum class CaseChange {
@@ -129,7 +129,7 @@ QString formatText(const QString& text, const QString& format)
 }
 
 // ---------------------------------------------------------------------------------------------
-// Conversions of a text for a number or date format (§12)
+// Conversions of a text for a number or date format
 // ---------------------------------------------------------------------------------------------
 
 QString formatNumericText(const QString& text, const QString& format, VbLocale locale)

@@ -1,4 +1,4 @@
-// VB runtime subset: the Format function (vb-semantics.md §5, §10, §11, §12).
+// VB runtime subset: the Format function with number, date and text formats.
 #pragma once
 
 #include <VemoGridLib/VbLocale.h>

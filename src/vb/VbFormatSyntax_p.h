@@ -1,4 +1,4 @@
-// Internal: the syntax all of Format's grammars share (vb-semantics.md §10–§12): sections,
+// Internal: the syntax all of Format's grammars (number, date, text) share: sections,
 // quoted and escaped literals, named number formats, and which grammar a format belongs to.
 // Not installed.
 #pragma once

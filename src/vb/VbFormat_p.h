@@ -22,7 +22,7 @@ bool isNamedDateFormat(const QString& format);
 /// AM/PM, AMPM, A/P (date side).
 bool startsDateToken(const QString& format, qsizetype pos);
 
-/// Formats a date with a date format (§11); named date formats included.
+/// Formats a date with a date format; named date formats included.
 VEMOGRIDLIB_EXPORT QString formatDateTime(const QDateTime& value, const QString& format,
                                           VbLocale locale);
 

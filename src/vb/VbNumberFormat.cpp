@@ -44,7 +44,7 @@ struct Token
     int index = 0;   // position of a digit placeholder among those of its part
 };
 
-struct ExponentSpec
+struct ExponentFormat
 {
     QChar letter;
     bool alwaysSign = false;
@@ -61,7 +61,7 @@ struct NumberSection
     int minFractionDigits = 0;
     bool grouping = false;
     int decimalShift = 0; // +2 per '%', -3 per scaling ','
-    std::optional<ExponentSpec> exponent;
+    std::optional<ExponentFormat> exponent;
 };
 
 class SectionParser
@@ -106,7 +106,7 @@ private:
 
     void parseLiteralChar(QChar c)
     {
-        // '%' prints itself and scales by 100 (§10).
+        // '%' prints itself and scales by 100.
         if (c == u'%')
             m_section.decimalShift += PercentShift;
         appendLiteral(c);
@@ -128,7 +128,7 @@ private:
                 {TokenType::FractionDigit, {}, m_section.fractionPlaceholders++});
             return;
         }
-        // A ',' followed by more integer placeholders turns grouping on (§10).
+        // A ',' followed by more integer placeholders turns grouping on.
         if (m_pendingCommas > 0)
             m_section.grouping = true;
         m_pendingCommas = 0;
@@ -162,13 +162,13 @@ private:
         if (!m_seenNumberToken || m_section.exponent || (sign != u'+' && sign != u'-'))
             return false;
         settlePendingCommas();
-        m_section.exponent = ExponentSpec{letter, sign == u'+', 1};
+        m_section.exponent = ExponentFormat{letter, sign == u'+', 1};
         m_section.tokens.append({TokenType::Exponent, {}, 0});
         m_pos += 2;
         return true;
     }
 
-    // Commas with no integer placeholder after them divide by 1000 each (§10: "#,##0," and
+    // Commas with no integer placeholder after them divide by 1000 each ("#,##0," and
     // "##0,,").
     void settlePendingCommas()
     {
@@ -305,13 +305,13 @@ private:
 
     void renderExponent()
     {
-        const ExponentSpec& spec = *m_section.exponent;
-        m_out += spec.letter;
+        const ExponentFormat& fmt = *m_section.exponent;
+        m_out += fmt.letter;
         if (m_digits.exponent < 0)
             m_out += u'-';
-        else if (spec.alwaysSign)
+        else if (fmt.alwaysSign)
             m_out += u'+';
-        m_out += QString::number(std::abs(m_digits.exponent)).rightJustified(spec.minDigits, u'0');
+        m_out += QString::number(std::abs(m_digits.exponent)).rightJustified(fmt.minDigits, u'0');
     }
 
     const NumberSection& m_section;
@@ -321,7 +321,7 @@ private:
 
 // The section for the value and whether it needs the automatic minus: with two or more
 // sections a negative value uses the second without one; an empty section falls back to the
-// first (§10). The choice uses the value before rounding.
+// first. The choice uses the value before rounding.
 std::pair<QString, bool> chooseSection(double value, const QStringList& sections)
 {
     const auto usable = [&sections](int index) {

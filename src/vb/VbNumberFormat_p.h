@@ -1,5 +1,5 @@
 // Internal: the decimal digit form shared by CStr and Format, and the number side of Format
-// (vb-semantics.md §5, §10). Not installed.
+// with user-defined number formats. Not installed.
 #pragma once
 
 #include <QString>
@@ -20,17 +20,17 @@ struct DecimalDigits
     std::string integerDigits() const;
     /// The digits after the decimal point, leading zeros included, no trailing zeros.
     std::string fractionDigits() const;
-    /// Keeps the first `keep` significant digits, rounding half away from zero (§10).
+    /// Keeps the first `keep` significant digits, rounding half away from zero.
     void roundToSignificant(int keep);
-    /// Rounds half away from zero to `decimals` digits after the point (§10).
+    /// Rounds half away from zero to `decimals` digits after the point.
     void roundToDecimals(int decimals) { roundToSignificant(pointPos + decimals); }
 };
 
-/// The 15-significant-digit decimal form of |value| (§5): VB's numbers are read and printed
+/// The 15-significant-digit decimal form of |value|: VB's numbers are read and printed
 /// through it, so binary noise beyond the 15th digit never shows.
 DecimalDigits decimalDigits(double value);
 
-/// Formats a number with a user-defined number format (§10): up to four sections, 0 # . , %
+/// Formats a number with a user-defined number format: up to four sections, 0 # . , %
 /// E+ E- e+ e-, literals; rounding half away from zero on the 15-digit decimal form.
 QString formatNumber(double value, const QString& format);
 

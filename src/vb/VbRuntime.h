@@ -1,4 +1,4 @@
-// The VB runtime subset the spec relies on, in namespace VemoGridLib::vb with VB's names.
+// The VB runtime subset the library relies on, in namespace VemoGridLib::vb with VB's names.
 #pragma once
 
 #include <VemoGridLib/VbConversion.h>

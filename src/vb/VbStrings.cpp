@@ -113,7 +113,7 @@ int InStr(int start, const QString& s1, const QString& s2, CompareMethod compare
         throw VemoError::invalidProcedureCall();
     if (s1.isEmpty())
         return 0;
-    // An empty s2 is found at `start`, also just past the end of s1 (§14).
+    // An empty s2 is found at `start`, also just past the end of s1.
     if (s2.isEmpty())
         return start <= s1.size() + 1 ? start : 0;
     if (start > s1.size())
