@@ -1,5 +1,5 @@
-// The hosting VemoGrid's direct line to its hosted FlexGrid's cell events (Part 1.3's
-// hosted-grid contract).
+// The hosting VemoGrid's direct line to its hosted FlexGrid's current-cell events, heard
+// before the grid's signals go out.
 #pragma once
 
 namespace VemoGridLib {

@@ -1,4 +1,4 @@
-// The look one cell may carry on its own (flexgrid-reference.md §10).
+// The look one cell may carry on its own: colours, font, alignment, picture, text style.
 #pragma once
 
 #include "common/OleColor.h"
@@ -11,7 +11,7 @@
 
 namespace VemoGridLib {
 
-/// The per-cell formatting of a FlexGrid cell (§10). Every member has an "unset" value that
+/// The Cell* formatting of one FlexGrid cell. Every member has an "unset" value that
 /// lets the grid-wide or column setting show through; a cell with every member unset is the
 /// default look. Most cells share a few looks, so FlexCellStore keeps each distinct look once.
 struct VEMOGRIDLIB_EXPORT FlexCellFormat

@@ -15,7 +15,7 @@
 
 namespace VemoGridLib {
 
-/// The cells of a FlexGrid without any drawing (flexgrid-reference.md §4, §5, §8, §10).
+/// The cells of a FlexGrid without any drawing: texts, looks, sizes and row/column data.
 ///
 /// Cost follows the work, not the grid: rows are handles into column-major storage, so
 /// inserting, removing, moving and sorting rows move 4-byte handles, never cell contents;
@@ -48,9 +48,9 @@ public:
     /// Number of rows / columns. Inline: every checked access of FlexGrid reads them.
     int rowCount() const { return m_rows; }
     int colCount() const { return m_cols; }
-    /// Grows with empty default rows or drops rows from the end (§4 `Rows`).
+    /// Grows with empty default rows or drops rows from the end (`Rows`).
     void setRowCount(int rows);
-    /// Grows with empty default columns or drops columns from the end (§4 `Cols`).
+    /// Grows with empty default columns or drops columns from the end (`Cols`).
     void setColCount(int cols);
 
     /// A cell's text.
@@ -78,7 +78,7 @@ public:
     void changeFormat(int row, int col, quint64 key,
                       const std::function<void(FlexCellFormat&)>& change);
     /// `setFormatValue` on rows `firstRow`..`lastRow` of `col`: `evenValue` on rows an even
-    /// distance from `evenRow`, `oddValue` on the others (VemoGrid's banding, Part 1.1).
+    /// distance from `evenRow`, `oddValue` on the others (VemoGrid's row banding).
     void setFormatValueBanded(int col, int firstRow, int lastRow, FormatField field,
                               double evenValue, double oddValue, int evenRow);
 
@@ -112,14 +112,14 @@ public:
     void insertRow(int row);
     /// Removes one row; the rows below move up.
     void removeRow(int row);
-    /// Moves a row with everything it carries to position `to` (§8 `RowPosition`).
+    /// Moves a row with everything it carries to position `to` (`RowPosition`).
     void moveRow(int from, int to);
-    /// Moves a column with its cells and metadata to position `to` (§8 `ColPosition`).
+    /// Moves a column with its cells and metadata to position `to` (`ColPosition`).
     void moveCol(int from, int to);
     /// Reorders the rows `first .. first + order.size() − 1`: the row that ends at `first + i`
     /// is the one that was at `first + order[i]`. `order` must be a permutation.
     void reorderRows(int first, const std::vector<std::uint32_t>& order);
-    /// Empties every cell's text and look; sizes and row/column metadata stay (§8 `Clear`).
+    /// Empties every cell's text and look; sizes and row/column metadata stay (`Clear`).
     void clearCells();
 
     /// Heap bytes held by the store (arena, handles, per-column vectors, look table).

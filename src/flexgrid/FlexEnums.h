@@ -1,4 +1,4 @@
-// The FlexGrid constants (flexgrid-reference.md §2 and §3), with the type library's values.
+// The FlexGrid constants and error numbers, with the type library's values.
 #pragma once
 
 #include <VemoGridLib/VemoGridLibExport.h>
@@ -8,7 +8,7 @@
 namespace VemoGridLib::Flex {
 Q_NAMESPACE_EXPORT(VEMOGRIDLIB_EXPORT)
 
-/// `Sort` settings (§9). 9 raises `Compare` for every pair.
+/// `Sort` settings: 1–8 by kind and direction; 9 raises `Compare` for every pair.
 enum SortSettings : int {
     flexSortNone = 0,
     flexSortGenericAscending = 1,
@@ -23,11 +23,11 @@ enum SortSettings : int {
 };
 Q_ENUM_NS(SortSettings)
 
-/// `FillStyle`: Cell* and `Text` writes reach the current cell or the whole selection (§10).
+/// `FillStyle`: Cell* and `Text` writes reach the current cell or the whole selection.
 enum FillStyleSettings : int { flexFillSingle = 0, flexFillRepeat = 1 };
 Q_ENUM_NS(FillStyleSettings)
 
-/// `MergeCells` (§10).
+/// `MergeCells`: which neighbouring cells with equal texts are drawn as one.
 enum MergeCellsSettings : int {
     flexMergeNever = 0,
     flexMergeFree = 1,
@@ -37,7 +37,7 @@ enum MergeCellsSettings : int {
 };
 Q_ENUM_NS(MergeCellsSettings)
 
-/// `TextStyle`, `TextStyleFixed`, `CellTextStyle` (§11).
+/// `TextStyle`, `TextStyleFixed`, `CellTextStyle`: flat, raised or inset text.
 enum TextStyleSettings : int {
     flexTextFlat = 0,
     flexTextRaised = 1,
@@ -47,7 +47,7 @@ enum TextStyleSettings : int {
 };
 Q_ENUM_NS(TextStyleSettings)
 
-/// `GridLines`, `GridLinesFixed` (§11); 4 and 5 are the MSHFlexGrid additions.
+/// `GridLines`, `GridLinesFixed`; 4 and 5 are the MSHFlexGrid additions.
 enum GridLineSettings : int {
     flexGridNone = 0,
     flexGridFlat = 1,
@@ -58,7 +58,7 @@ enum GridLineSettings : int {
 };
 Q_ENUM_NS(GridLineSettings)
 
-/// `SelectionMode` (§6).
+/// `SelectionMode`: free, by whole rows or by whole columns.
 enum SelectionModeSettings : int {
     flexSelectionFree = 0,
     flexSelectionByRow = 1,
@@ -66,7 +66,7 @@ enum SelectionModeSettings : int {
 };
 Q_ENUM_NS(SelectionModeSettings)
 
-/// `HighLight` (§6).
+/// `HighLight`: when the selection is shown highlighted.
 enum HighLightSettings : int {
     flexHighlightNever = 0,
     flexHighlightAlways = 1,
@@ -74,11 +74,11 @@ enum HighLightSettings : int {
 };
 Q_ENUM_NS(HighLightSettings)
 
-/// `FocusRect` (§6).
+/// `FocusRect`: the frame drawn around the current cell.
 enum FocusRectSettings : int { flexFocusNone = 0, flexFocusLight = 1, flexFocusHeavy = 2 };
 Q_ENUM_NS(FocusRectSettings)
 
-/// `AllowUserResizing` (§7).
+/// `AllowUserResizing`: whether the user may drag column widths, row heights or both.
 enum AllowUserResizeSettings : int {
     flexResizeNone = 0,
     flexResizeColumns = 1,
@@ -87,7 +87,7 @@ enum AllowUserResizeSettings : int {
 };
 Q_ENUM_NS(AllowUserResizeSettings)
 
-/// `ScrollBars` (§7).
+/// `ScrollBars`: which scroll bars the grid may show.
 enum ScrollBarsSettings : int {
     flexScrollBarNone = 0,
     flexScrollBarHorizontal = 1,
@@ -96,7 +96,7 @@ enum ScrollBarsSettings : int {
 };
 Q_ENUM_NS(ScrollBarsSettings)
 
-/// `ColAlignment`, `ColAlignmentFixed`, `CellAlignment`, `CellPictureAlignment` (§2).
+/// `ColAlignment`, `ColAlignmentFixed`, `CellAlignment`, `CellPictureAlignment`.
 enum AlignmentSettings : int {
     flexAlignLeftTop = 0,
     flexAlignLeftCenter = 1,
@@ -111,11 +111,11 @@ enum AlignmentSettings : int {
 };
 Q_ENUM_NS(AlignmentSettings)
 
-/// `PictureType` (§11).
+/// `PictureType`: the `Picture` snapshot in colour or monochrome.
 enum PictureTypeSettings : int { flexPictureColor = 0, flexPictureMonochrome = 1 };
 Q_ENUM_NS(PictureTypeSettings)
 
-/// `MousePointer` (§2); 99 shows the pointer set with `setMouseIcon`.
+/// `MousePointer`; 99 shows the pointer set with `setMouseIcon`.
 enum MousePointerSettings : int {
     flexDefault = 0,
     flexArrow = 1,
@@ -137,7 +137,7 @@ enum MousePointerSettings : int {
 };
 Q_ENUM_NS(MousePointerSettings)
 
-/// Vertical scroll requests of the list grid (§7, Part 2.5), the values of SB_LINEUP..SB_PAGEDOWN.
+/// Vertical scroll requests of a combo box's list grid, the values of SB_LINEUP..SB_PAGEDOWN.
 enum ScrollRequest : int {
     flexLineUp = 0,
     flexLineDown = 1,
@@ -146,7 +146,7 @@ enum ScrollRequest : int {
 };
 Q_ENUM_NS(ScrollRequest)
 
-/// The error numbers FlexGrid raises (§3), carried by `VemoError::number()`.
+/// The error numbers FlexGrid raises, carried by `VemoError::number()`.
 enum ErrorConstants : int {
     flexerrInvalidProcedureCall = 5,
     flexerrOutOfMemory = 7,

@@ -1,4 +1,4 @@
-// FlexGrid's members (flexgrid-reference.md §4–§6, §8, §10, §11) and its event plumbing.
+// FlexGrid's structure, text, selection, look and row/column members, and its event plumbing.
 #include "flexgrid/FlexGrid.h"
 #include "flexgrid/FlexGrid_p.h"
 
@@ -18,7 +18,7 @@ namespace VemoGridLib {
 
 namespace {
 
-/// The descriptions of §3 (VB's own texts for the standard numbers).
+/// The error descriptions (VB's own texts for the standard numbers, the grid's for its own).
 QString errorText(int number)
 {
     switch (number) {
@@ -59,14 +59,14 @@ QString errorText(int number)
     }
 }
 
-/// 380 unless low <= value <= high (the enumerated properties of §2).
+/// 380 unless low <= value <= high (the enumerated properties).
 void checkSetting(int value, int low, int high)
 {
     if (value < low || value > high)
         FlexGridPrivate::raise(Flex::flexerrInvalidPropertyValue);
 }
 
-/// 30005 unless the alignment is one of §2's 0–9.
+/// 30005 unless the alignment is one of 0–9.
 void checkAlignmentValue(int alignment)
 {
     if (alignment < Flex::flexAlignLeftTop || alignment > Flex::flexAlignGeneral)
@@ -254,7 +254,7 @@ FlexGrid::~FlexGrid()
     d->unbindModel();
 }
 
-// ---- §4 structure -----------------------------------------------------------------------------
+// ---- rows, columns and fixed counts ---------------------------------------------------------
 
 int FlexGrid::Rows() const
 {
@@ -328,7 +328,7 @@ void FlexGrid::setFixedCols(int cols)
     d->relayout();
 }
 
-// ---- §5 text ------------------------------------------------------------------------------------
+// ---- cell text ----------------------------------------------------------------------------------
 
 QString FlexGrid::TextMatrix(int row, int col) const
 {
@@ -392,7 +392,7 @@ void FlexGrid::setFormatString(const QString& format)
     d->relayout();
 }
 
-// ---- §6 current cell and selection
+// ---- current cell and selection
 // ----------------------------------------------------------------
 
 int FlexGrid::Row() const
@@ -464,7 +464,7 @@ void FlexGrid::setAllowBigSelection(bool allow)
     d->allowBigSelection = allow;
 }
 
-// ---- §10 per-cell look
+// ---- per-cell look
 // -----------------------------------------------------------------------------
 
 int FlexGrid::FillStyle() const
@@ -666,7 +666,7 @@ void checkAlignmentColumn(const FlexGridPrivate& d, int col)
         FlexGridPrivate::raise(Flex::flexerrBadColForAlignment);
 }
 
-/// Sets a column alignment of `col`, or of every column for −1 (§10), after the checks.
+/// Sets a column alignment of `col`, or of every column for −1, after the checks.
 void setColumnAlignment(FlexGridPrivate& d, int col, int alignment,
                         void (FlexCellStore::*set)(int, int))
 {
@@ -767,7 +767,7 @@ void FlexGrid::setColData(int col, qint32 value)
     d->store.setColData(col, value);
 }
 
-// ---- §8 row and column operations
+// ---- row and column operations
 // ----------------------------------------------------------------
 
 void FlexGrid::setColPosition(int col, int to)
@@ -834,7 +834,7 @@ void FlexGrid::setSort(int setting)
     d->sort(setting);
 }
 
-// ---- §11 grid-wide look
+// ---- grid-wide look
 // -----------------------------------------------------------------------------
 
 namespace {

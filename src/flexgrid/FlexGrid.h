@@ -1,4 +1,4 @@
-// The hosted cell surface of VemoGrid and VemoComboBox: our FlexGrid (Part 1.1, Part 2.5).
+// The hosted cell surface of VemoGrid and of VemoComboBox's list: our FlexGrid.
 #pragma once
 
 #include <VemoGridLib/FlexEnums.h>
@@ -19,10 +19,10 @@ namespace VemoGridLib {
 
 class FlexGridPrivate;
 
-/// The cell surface that VemoGrid hosts as `MSHFlexGrid1` and VemoComboBox as `grid`
-/// (Part 1.1 "Hosted-grid contract", Part 2.5). Every member behaves as `flexgrid-reference.md`
-/// says; the § numbers below point into it. Positions and sizes are twips, colours OLE
-/// colours; a failing call throws `VemoError` with the reference's number and text (§3).
+/// The cell surface that VemoGrid hosts as `MSHFlexGrid1` and VemoComboBox as `grid`, its
+/// drop-down list. Every member behaves as the MSHFlexGrid member of the same name, with
+/// that control's defaults, error numbers and texts. Positions and sizes are twips, colours OLE
+/// colours; a failing call throws `VemoError` with the grid's error number and text.
 ///
 /// Events are signals of the same names, emitted synchronously; by-reference arguments may be
 /// changed by a directly connected handler. Cells live in a headless `FlexCellStore`, so cost
@@ -78,7 +78,7 @@ public:
     explicit FlexGrid(QWidget* parent = nullptr);
     ~FlexGrid() override;
 
-    // ---- §4 structure -------------------------------------------------------------------
+    // ---- rows, columns and fixed counts ------------------------------------------------
     /// `Rows`: total rows (default 2). Lowers `FixedRows` below it, clamps the current cell
     /// (cell events), re-clamps `TopRow`. < 0 → 30009.
     int Rows() const;
@@ -94,7 +94,7 @@ public:
     int FixedCols() const;
     void setFixedCols(int cols);
 
-    // ---- §5 text ------------------------------------------------------------------------
+    // ---- cell text ---------------------------------------------------------------------
     /// `TextMatrix(row, col)`: any cell, no events; out of range → 381.
     QString TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString& text);
@@ -104,11 +104,11 @@ public:
     /// `TextArray(index)` with index = row × Cols + col; out of range → 381.
     QString TextArray(int index) const;
     void setTextArray(int index, const QString& text);
-    /// `FormatString`: column headers, alignments and widths (§5 algorithm); reads back verbatim.
+    /// `FormatString`: "|"-separated column headers, alignments and widths; reads back verbatim.
     QString FormatString() const;
     void setFormatString(const QString& format);
 
-    // ---- §6 current cell and selection --------------------------------------------------
+    // ---- current cell and selection ----------------------------------------------------
     /// `Row`, `Col`: the current cell. Setting collapses the selection onto it and fires
     /// LeaveCell → SelChange → EnterCell → RowColChange when it changes; never scrolls.
     int Row() const;
@@ -127,7 +127,7 @@ public:
     bool AllowBigSelection() const;
     void setAllowBigSelection(bool allow);
 
-    // ---- §7 geometry, scrolling, hit-testing (twips) -----------------------------------
+    // ---- geometry, scrolling, hit-testing (twips) --------------------------------------
     /// `ColWidth(col)`: −1 for a never-set column; 0 hides; < −1 → 30014; col −1 sets all.
     int ColWidth(int col) const;
     void setColWidth(int col, int twips);
@@ -165,11 +165,11 @@ public:
     /// `ScrollTrack` (default false): scroll while the thumb is dragged.
     bool ScrollTrack() const;
     void setScrollTrack(bool track);
-    /// The line/page scrolling of the list grid (Part 2.5): moves `TopRow` by one row or one
+    /// The line/page scrolling of a combo box's list grid: moves `TopRow` by one row or one
     /// page, clamped; fires Scroll when it moved; never moves the current cell.
     void scrollVertically(int request);
 
-    // ---- §10 per-cell look (current cell, or the selection with FillStyle 1) -----------
+    // ---- per-cell look (current cell, or the selection with FillStyle 1) ---------------
     /// `FillStyle` 0–1 (default 0); other values → 380.
     int FillStyle() const;
     void setFillStyle(int style);
@@ -212,7 +212,7 @@ public:
     int ColAlignmentFixed(int col) const;
     void setColAlignmentFixed(int col, int alignment);
 
-    /// `MergeCells` 0–4 (default 0); `MergeRow(row)`, `MergeCol(col)` flags (§10).
+    /// `MergeCells` 0–4 (default 0); `MergeRow(row)`, `MergeCol(col)` let a row or column merge.
     int MergeCells() const;
     void setMergeCells(int setting);
     bool MergeRow(int row) const;
@@ -225,7 +225,7 @@ public:
     qint32 ColData(int col) const;
     void setColData(int col, qint32 value);
 
-    // ---- §8 row and column operations --------------------------------------------------
+    // ---- row and column operations -----------------------------------------------------
     /// `ColPosition(col) = to`: moves a column with everything it carries; bad index → 381.
     void setColPosition(int col, int to);
     /// `RowPosition(row) = to`: the same for rows.
@@ -241,14 +241,14 @@ public:
     /// `ClearStructure`: drops the `DataSource` binding; cells are kept.
     void ClearStructure();
 
-    // ---- §9 sort ------------------------------------------------------------------------
-    /// `Sort = setting` (write-only): 1–8 as §9, 9 raises Compare for each pair; 0 does
-    /// nothing; others → 380. Stable. Rows move whole; the current cell keeps its numbers.
+    // ---- sort --------------------------------------------------------------------------
+    /// `Sort = setting` (write-only): 1–8 generic, numeric, text without / with case (odd up, even
+    /// down), stable, whole rows moving; 9 raises Compare per pair; 0 does nothing; others → 380.
     void setSort(int setting);
 
-    // ---- §11 grid-wide look -------------------------------------------------------------
+    // ---- grid-wide look ----------------------------------------------------------------
     /// Colours of non-fixed, fixed and selected cells, of the area outside the cells, and of the
-    /// flat grid lines; defaults per §11.
+    /// flat grid lines; defaults: system colours, &H808080 outside, &HC0C0C0 / black lines.
     OleColor BackColor() const;
     void setBackColor(OleColor color);
     OleColor ForeColor() const;
@@ -299,7 +299,7 @@ public:
     /// `Redraw` (default true): false suspends painting; true repaints once.
     bool Redraw() const;
     void setRedraw(bool redraw);
-    /// `MousePointer` (§2 values; 11 = hourglass, 99 = `MouseIcon`); else 380.
+    /// `MousePointer` (0–15 the standard pointers; 11 = hourglass, 99 = `MouseIcon`); else 380.
     int MousePointer() const;
     void setMousePointer(int pointer);
     /// The pointer shown for `MousePointer` 99.
@@ -330,7 +330,7 @@ Q_SIGNALS:
     void MouseDown(short Button, short Shift, float X, float Y);
     void MouseMove(short Button, short Shift, float X, float Y);
     void MouseUp(short Button, short Shift, float X, float Y);
-    /// The current cell is about to change / has changed (§6 orders).
+    /// Before / after the current cell moves: LeaveCell, SelChange, EnterCell, RowColChange.
     void LeaveCell();
     void EnterCell();
     void RowColChange();

@@ -1,4 +1,4 @@
-// FlexGrid's `DataSource` (flexgrid-reference.md §11): the cells mirror a QAbstractItemModel's
+// FlexGrid's `DataSource` binding: the cells mirror a QAbstractItemModel's
 // top-level table and follow its change signals.
 #include "flexgrid/FlexGrid_p.h"
 

@@ -1,4 +1,4 @@
-// FlexGrid's FormatString (flexgrid-reference.md §5): headers, alignments and widths of the
+// FlexGrid's FormatString: headers, alignments and widths of the
 // fixed row and column from one string.
 #include "flexgrid/FlexGrid_p.h"
 

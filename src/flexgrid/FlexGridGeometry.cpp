@@ -1,4 +1,4 @@
-// FlexGrid's geometry, scrolling and hit-testing (flexgrid-reference.md §7). Rows and columns
+// FlexGrid's geometry, scrolling and hit-testing. Rows and columns
 // are laid out on demand from TopRow/LeftCol, so no member here costs more than the rows or
 // columns it walks over; nothing keeps per-row positions.
 #include "flexgrid/FlexGrid.h"
@@ -137,7 +137,7 @@ QRect FlexGridPrivate::cellRectPx(int r, int c) const
 namespace {
 
 /// The index under `pos` when the fixed indices come first and the scrolled ones from `first`;
-/// before everything 0, past the end the last index (§7 MouseRow/MouseCol clamping).
+/// before everything 0, past the end the last index (MouseRow/MouseCol clamp, never −1).
 template <typename Extent>
 int indexAt(int pos, int fixed, int first, int count, Extent extent)
 {
@@ -230,7 +230,7 @@ int FlexGridPrivate::maxLeftCol() const
 
 bool FlexGridPrivate::scrollTo(int top, int left)
 {
-    // §7: in a direction without a scroll bar nothing scrolls, not even to follow the cursor.
+    // In a direction without a scroll bar nothing scrolls, not even to follow the cursor.
     if (!(scrollBars & Flex::flexScrollBarVertical))
         top = topRow;
     if (!(scrollBars & Flex::flexScrollBarHorizontal))
@@ -385,7 +385,7 @@ void FlexGridPrivate::requestRepaint()
         q->viewport()->update();
 }
 
-// ---- public §7 members
+// ---- public geometry, scrolling and hit-testing members
 // -----------------------------------------------------------------------------
 
 int FlexGrid::ColWidth(int col) const

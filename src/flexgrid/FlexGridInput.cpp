@@ -1,4 +1,4 @@
-// FlexGrid's mouse, wheel and keyboard handling (flexgrid-reference.md §6, §7, §12, §15).
+// FlexGrid's mouse, wheel and keyboard handling: cell moves, selection drags, resizing, events.
 #include "flexgrid/FlexGrid_p.h"
 
 #include "common/Twips.h"
@@ -204,7 +204,7 @@ ResizeGrip resizeGripAt(const FlexGridPrivate& d, QPoint pos)
     return {};
 }
 
-/// §6: a data cell becomes current; a header cell moves the current cell into the data area,
+/// A data cell becomes current; a header cell moves the current cell into the data area,
 /// selecting its whole column or row with AllowBigSelection.
 PressTarget pressTarget(const FlexGridPrivate& d, Cell hit)
 {
@@ -343,7 +343,7 @@ void resizeTo(FlexGridPrivate& d, QPoint pos)
         d.q->setRowHeight(d.dragIndex, d.pxToTwipsY(px));
 }
 
-/// Ends any drag; a selecting one reports its new selection once, now (§6, D).
+/// Ends any drag; a selecting one reports its new selection once, now, as the drag ends.
 void finishDrag(FlexGridPrivate& d)
 {
     const bool selecting = d.drag == Drag::Select;
@@ -450,7 +450,7 @@ void scrollForPageKey(FlexGridPrivate& d, short keyCode)
     d.scrollToRow(stepShown(d, Qt::Vertical, d.topRow, direction, pageSize(d, Qt::Vertical)));
 }
 
-/// The grid's own reaction to a navigation key (§6); false when it has none. Alt combinations
+/// The grid's own reaction to a navigation key; false when it has none. Alt combinations
 /// are system keys on Windows, which the grid does not navigate with.
 bool navigate(FlexGridPrivate& d, short keyCode, short shift)
 {
@@ -500,7 +500,7 @@ void FlexGridPrivate::mouseRelease(QMouseEvent* event)
     mousePos = event->position().toPoint();
     bool click = false;
     if (event->button() == Qt::LeftButton) {
-        // A resize ends without Click: VemoGrid sorts on a header Click (Part 1.6).
+        // A resize ends without Click: VemoGrid sorts on a header Click.
         click = pressedInside && drag != Drag::ResizeCol && drag != Drag::ResizeRow &&
                 q->viewport()->rect().contains(mousePos);
         pressedInside = false;
@@ -552,7 +552,7 @@ void FlexGridPrivate::keyPress(QKeyEvent* event)
         const quint64 movesBefore = cellMoves;
         Q_EMIT q->KeyDown(keyCode, shift);
         const bool handlerMoved = cellMoves != movesBefore;
-        // §14 item 12: a handler that moved the current cell itself gets no second move.
+        // A KeyDown handler that moved the current cell itself gets no second move from the grid.
         consumed = keyCode == 0 || handlerMoved || navigate(*this, keyCode, shift);
     }
     if (short keyAscii = vbKeyAscii(event); keyAscii != 0) {

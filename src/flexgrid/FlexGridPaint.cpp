@@ -1,6 +1,6 @@
-// FlexGrid's drawing (flexgrid-reference.md §6 selection display, §10 per-cell looks and
-// merging, §11 grid-wide look): only the cells that meet the paint region, walked from the
-// fixed rows and columns and from TopRow / LeftCol, so a frame costs what is on screen.
+// FlexGrid's drawing (selection display, per-cell looks and merging, grid-wide look): only
+// the cells that meet the paint region, walked from the fixed rows and columns and from
+// TopRow / LeftCol, so a frame costs what is on screen.
 #include "flexgrid/FlexGrid_p.h"
 
 #include "vb/VbConversion.h"
@@ -33,7 +33,7 @@ constexpr int TextMarginY = 1;
 /// hold beyond the cut.
 constexpr int MergeReach = 2000;
 
-/// The 3-D colours of inset and raised grid lines and texts (§11: always black and white).
+/// The 3-D colours of inset and raised grid lines and texts: always black and white.
 const QColor EdgeDark(Qt::black);
 const QColor EdgeLight(Qt::white);
 const QColor TextShadow(128, 128, 128);
@@ -74,7 +74,7 @@ Strip walkStrip(int first, int end, int position, int limit, SizeOf sizeOf)
     return strip;
 }
 
-/// The cells drawn as one, inclusive: a single cell or a merged run (§10 Merging).
+/// The cells drawn as one, inclusive: a single cell or a merged run.
 struct Block
 {
     int top;
@@ -90,7 +90,7 @@ int floorDiv(int value, int divisor)
     return value >= 0 ? value / divisor : -((-value + divisor - 1) / divisor);
 }
 
-/// Which neighbouring cells merge (§10 Merging), for one frame. As in the FlexGrid family (its
+/// Which neighbouring cells merge, for one frame. As in the FlexGrid family (its
 /// descendants document that no built-in mode spans rows and columns at once), a merged range
 /// runs along one row or one column: a cell merged with a row neighbour is not merged
 /// vertically. The restrict rules make each answer depend on the row above or the
@@ -332,7 +332,7 @@ private:
         return resolved.isValid() ? resolved : fallback;
     }
 
-    /// A cell's own colour: 0 means the grid's (§10).
+    /// A cell's own colour: 0 means the grid's.
     QColor cellColorOr(OleColor color, const QColor& gridColor) const
     {
         return color == 0 ? gridColor : colorOf(color, gridColor);
@@ -387,8 +387,8 @@ private:
 
     /// Background, grid lines, text, picture and focus rectangle of one block, in that order:
     /// the picture goes over the text so that a text hidden in the background colour (the
-    /// check-box cells of Part 1.1) never eats into it. A merged run reaching out of its band
-    /// places its text and picture in the part that shows, so a long run never looks empty.
+    /// check-box cells of VemoGrid) never eats into it. A merged run reaching out of its band
+    /// places its text and picture in the stretch that shows, so a long run never looks empty.
     void paintBlock(const Block& block, const QRect& rect, const QRect& band)
     {
         const int r = block.top;
@@ -418,9 +418,9 @@ private:
             paintFocusRect(content, cellFore);
     }
 
-    /// The line along the block's right and bottom edges (§11). Inset lines are a groove (dark
-    /// line, light edge on the next cell's side), raised lines a ridge; each block draws its own
-    /// half: the line in its right/bottom strip and the edge along its top/left.
+    /// The line along the block's right and bottom edges (`GridLines`). Inset lines are a groove
+    /// (dark line, light edge on the next cell's side), raised lines a ridge; each block draws its
+    /// own half: the line in its right/bottom strip and the edge along its top/left.
     void paintGridLines(const QRect& rect, const QRect& content, int style, const QColor& color)
     {
         if (style == flexGridNone)
@@ -516,7 +516,7 @@ private:
         return int(alignment & Qt::AlignHorizontal_Mask) | Qt::AlignTop | Qt::TextWordWrap;
     }
 
-    /// The one-pixel copies under the text that make it look raised or inset (§11 TextStyle):
+    /// The one-pixel copies under the text that make it look raised or inset (TextStyle):
     /// a shadow below-right reads as raised, a highlight there as inset; the full styles add
     /// the opposite colour above-left.
     void paintTextRelief(const QRect& box, int flags, const QString& text, int style)
@@ -575,7 +575,7 @@ private:
         p.drawPixmap(QRect(alignedOrigin(size, content, alignment), size), picture);
     }
 
-    /// FocusRect 1: a dotted one-pixel frame; 2: a solid two-pixel frame (§6).
+    /// FocusRect 1: a dotted one-pixel frame; 2: a solid two-pixel frame.
     void paintFocusRect(const QRect& content, const QColor& color)
     {
         const bool heavy = d.focusRect == flexFocusHeavy;

@@ -1,4 +1,4 @@
-// FlexGrid's Sort (flexgrid-reference.md §9): keys are read once per row, the row order is
+// FlexGrid's Sort: keys are read once per row, the row order is
 // computed with a stable sort, and the store then re-points its row handles; no cell content
 // moves.
 #include "flexgrid/FlexGrid_p.h"
@@ -38,7 +38,7 @@ int compareCase(QStringView a, QStringView b)
     return folded != 0 ? folded : -a.compare(b, Qt::CaseSensitive);
 }
 
-/// The generic sort's key. §9's pairwise rule (numbers when both are numeric, else text) is
+/// The generic sort's key. The pairwise rule (numbers when both are numeric, else text) is
 /// not transitive ("9" < "10" < "1a" < "9"), so it is made a total order: empty texts first,
 /// then numeric texts by value, then the other texts by exact code-unit order.
 struct GenericKey
@@ -110,8 +110,8 @@ std::vector<std::uint32_t> numericOrder(const FlexCellStore& store, int first, i
 /// `exact`, and only the full comparison decides for it.
 struct PackedText
 {
-    // Sixteen units hold a whole date key of Part 1.6 (14 digits), so equal dates need no
-    // full comparison.
+    // Sixteen units hold a whole VemoGrid date key ("yyyymmddHhNnSs", 14 digits), so equal
+    // dates need no full comparison.
     static constexpr qsizetype Units = 16;
 
     std::array<quint64, 4> words{};

@@ -40,7 +40,7 @@ public:
     FlexGrid* const q;
     FlexCellStore store;
 
-    // ---- structure, current cell, selection (§4, §6) -----------------------------------
+    // ---- structure, current cell, selection ---------------------------------------------
     int fixedRows = 1;
     int fixedCols = 1;
     int row = 1;
@@ -120,7 +120,7 @@ public:
     std::vector<QMetaObject::Connection> modelConnections;
 
     // ---- errors (FlexGrid.cpp) ---------------------------------------------------------------
-    /// Throws the §3 error `number` with its text.
+    /// Throws the grid's error `number` with its text.
     [[noreturn]] static void raise(int number);
     /// 30009 unless 0 <= row < Rows.
     void checkRow(int row) const;
@@ -130,7 +130,7 @@ public:
     void checkCurrentCell() const;
 
     // ---- current cell and selection (FlexGrid.cpp) -----------------------------------------
-    /// Moves the current cell and the selection corners, applying SelectionMode, with the §6
+    /// Moves the current cell and the selection corners, applying SelectionMode, in the
     /// sequence: LeaveCell (when the cell changes) → change → SelChange (when the rectangle
     /// changed) → EnterCell → RowColChange. Used by code moves, clamping and the user.
     void moveCurrent(int newRow, int newCol, int newRowSel, int newColSel);
@@ -167,7 +167,7 @@ public:
     int colLeftPx(int c) const;
     /// The cell's rectangle, its right/bottom grid line included.
     QRect cellRectPx(int r, int c) const;
-    /// Row / column under a viewport point, clamped as MouseRow / MouseCol are (§7).
+    /// Row / column under a viewport point, clamped as MouseRow / MouseCol are.
     int rowAtPx(int y) const;
     int colAtPx(int x) const;
     /// The last row / column at least partly inside the viewport.
