@@ -146,7 +146,7 @@ VEMOGRIDLIB_EXPORT QKeyCombination qtKeyFromVbKeyCode(short keyCode);
 /// held (the grid step-scrolls on Shift = 4). Meta and the keypad flag are not part of it.
 VEMOGRIDLIB_EXPORT short vbShiftMask(Qt::KeyboardModifiers modifiers);
 
-/// The `Button` argument of MouseMove (Overview; FlexGrid reference): 1 left + 2 right +
+/// The `Button` argument of MouseMove: 1 left + 2 right +
 /// 4 middle, as held.
 VEMOGRIDLIB_EXPORT short vbButtonMask(Qt::MouseButtons buttons);
 /// The `Button` of MouseDown/MouseUp: the one button pressed or released (QMouseEvent::button()),

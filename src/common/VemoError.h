@@ -10,7 +10,7 @@
 namespace VemoGridLib {
 
 /// Thrown by an API call that fails, carrying VB's `Err.Number` and `Err.Description`
-/// (Overview, "Conventions"). Never thrown through Qt's event loop.
+/// (a number and a text). Never thrown through Qt's event loop.
 class VEMOGRIDLIB_EXPORT VemoError : public std::runtime_error
 {
 public:

@@ -22,7 +22,7 @@ namespace VemoGridLib {
 /// texts live in a shared UTF-16 arena (8 bytes a cell plus the characters); a cell's look is
 /// a 2-byte index into a table of distinct looks, allocated per column only once a column
 /// carries one. Indices are not checked here beyond assertions: FlexGrid validates them and
-/// raises the reference's errors.
+/// raises the grid's errors.
 class VEMOGRIDLIB_EXPORT FlexCellStore
 {
 public:

@@ -23,7 +23,7 @@ using LabelHeader = std::array<uchar, 12>;
 using IntegerRecord = std::array<uchar, 13>;
 using NumberRecord = std::array<uchar, 19>;
 
-// The document type is 10 decimal, not BIFF2's 0x10 worksheet type: Part 1.8 keeps it exactly.
+// Document type 10 decimal, not BIFF2's 0x10 worksheet type: deliberately as the original has it.
 constexpr Bof BofTemplate = {0x09, 0x00, 0x04, 0x00, 0x02, 0x00, 0x0A, 0x00};
 constexpr Eof EofTemplate = {0x0A, 0x00, 0x00, 0x00};
 constexpr LabelHeader LabelTemplate = {0x04, 0x00, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};

@@ -1,5 +1,5 @@
-// Part 1.1: VemoGrid's model over its hosted grid, the Column array, the colouring and
-// check-box passes, the layout, the event relays; Part 1.2's grid side (Column, ColType).
+// VemoGrid's model over its hosted grid, the Column array, the colouring and
+// check-box passes, the layout, the event relays; the grid side of Column and ColType.
 #include "grid/VemoGrid_p.h"
 
 #include "grid/VemoGridPictures_p.h"
@@ -26,7 +26,7 @@ constexpr int CheckBoxPictureAlignment = Flex::flexAlignCenterCenter;
 constexpr int MarkerPictureAlignment = Flex::flexAlignLeftCenter;
 const QString UncheckedMarker = QStringLiteral("`");
 
-/// Part 1.1 check-box pass: the checked picture unless the trimmed text is empty, "False" or
+/// The check-box pass: the checked picture unless the trimmed text is empty, "False" or
 /// the program's own unchecked marker.
 bool showsChecked(QStringView text)
 {
@@ -120,7 +120,7 @@ void VemoGridPrivate::colourRows(int startRow)
         const OleColor even = readOnly ? readOnlyColor : backColor1;
         const OleColor odd = readOnly ? readOnlyColor : backColor2;
         cells.setBandedColor(c, first, rows - 1, false, even, odd, fixedRows);
-        // A check box's marker text stays hidden in its cell's new colour (Part 1.1 draws it
+        // A check box's marker text stays hidden in its cell's new colour (it is drawn
         // in the background colour); the pass would otherwise uncover it.
         if (column && column->colType() == eCheckBox)
             cells.setBandedColor(c, first, rows - 1, true, even, odd, fixedRows);
@@ -201,8 +201,8 @@ void VemoGridPrivate::moveMarker(int row)
 
 void VemoGridPrivate::leaveCell()
 {
-    // Part 1.7: while events are suppressed there is no LeaveCell and no computation either
-    // (and the commit does nothing then, Part 1.3).
+    // While events are suppressed there is no LeaveCell and no auto-calculation either
+    // (and the editor commit does nothing then).
     if (suppressEvents)
         return;
     Q_EMIT q->LeaveCell();
@@ -223,13 +223,13 @@ void VemoGridPrivate::leaveThenMove(const std::function<void()>& move)
 
 void VemoGridPrivate::commitEdit()
 {
-    // The cell editors (Part 1.3) are not part of the grid yet: no editor is ever open, and
+    // The cell editors are not part of the grid yet: no editor is ever open, and
     // with none open the commit has nothing to do.
 }
 
 void VemoGridPrivate::redisplayCurrentCell()
 {
-    // Part 1.3 shows the current cell's editor here; until the editors exist the hosted grid
+    // Once the editors exist, the current cell's editor is shown here; until then the hosted grid
     // keeps showing (and focusing) the cell itself.
 }
 
@@ -515,7 +515,7 @@ void VemoGrid::setFormatString(const QString& format)
     setCols(d->flex->Cols());
 }
 
-// ---- Part 1.2, grid side ---------------------------------------------------------------------
+// ---- Column and ColType ----------------------------------------------------------------------
 
 VemoGridLib::Column* VemoGrid::Column(int Col) const
 {

@@ -1,4 +1,4 @@
-// The data-entry grid control (Parts 1.1 to 1.8).
+// The data-entry grid control.
 #pragma once
 
 #include <VemoGridLib/Column.h>
@@ -23,11 +23,11 @@ class FlexGrid;
 class PropertyBag;
 class VemoGridPrivate;
 
-/// `VemoGrid`, the library's data-entry grid (Part 1.1). It keeps every cell in its hosted
+/// `VemoGrid`, the library's data-entry grid. It keeps every cell in its hosted
 /// `FlexGrid` (objectName `MSHFlexGrid1`), which fills the control but for a 60-twip margin,
-/// and adds one `Column` per column (Part 1.2), typed cell writes, row operations with the
-/// empty-line rule and automatic numbering (Part 1.5), typed sorting (Part 1.6), a per-row
-/// auto-calculated column (Part 1.7), saved properties (Part 1.4) and Excel export (Part 1.8).
+/// and adds one `Column` per column, typed cell writes, row operations with the
+/// empty-line rule and automatic numbering, typed sorting with header clicks, a per-row
+/// auto-calculated column, saved properties and Excel export.
 ///
 /// Positions and sizes are twips, colours OLE colours. A failing call throws `VemoError`.
 /// Every setter emits `PropertyChanged` with the property's name ("SortAble" for `Sortable`).
@@ -99,52 +99,52 @@ class VEMOGRIDLIB_EXPORT VemoGrid : public QWidget
     Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE setDataSource)
 
 public:
-    /// Part 1.1 creation: the hosted grid 2 × 2 with one fixed row and column, every field at
+    /// Creates the hosted grid 2 × 2 with one fixed row and column, every field at
     /// its initial value, then `InitProperties()`, so a new grid owns its `Column` objects.
     explicit VemoGrid(QWidget* parent = nullptr);
-    /// Part 1.1 teardown: the `Column` objects are released.
+    /// Releases the `Column` objects.
     ~VemoGrid() override;
 
     /// The hosted cell surface `MSHFlexGrid1`, for reading; change cells through the grid.
     FlexGrid* hostedGrid() const;
 
-    // ---- container (ARCHITECTURE.md) ----------------------------------------------------
+    // ---- container: ambient properties and saved settings ----------------------------
     /// Ambient `UserMode`: true (default) at run time, false at design time. At design time
     /// `Cols` leaves the `Column` array alone, the colouring pass bands every column and the
-    /// check-box pass does nothing (Part 1.1).
+    /// check-box pass does nothing.
     bool UserMode() const;
     void setUserMode(bool userMode);
-    /// Part 1.4: a new control's settings: re-applies `Cols` and `Rows` through the grid's own
+    /// A new control's settings: re-applies `Cols` and `Rows` through the grid's own
     /// setters (as after reading), so a grid that was never loaded owns its `Column` objects.
     void InitProperties();
-    /// Part 1.4: reads the 52 properties in their reading order with their read defaults, then
+    /// Reads the 52 properties in their reading order with their read defaults, then
     /// re-applies `Cols` and `Rows`; a property that cannot be read or applied is skipped.
     void ReadProperties(const PropertyBag& bag);
-    /// Part 1.4: writes the 52 properties in their writing order with their write defaults; a
+    /// Writes the 52 properties in their writing order with their write defaults; a
     /// property that cannot be written is skipped.
     void WriteProperties(PropertyBag& bag) const;
 
-    // ---- Part 1.1 structure ----------------------------------------------------------------
-    /// Part 1.1: total rows (pass get). The setter sets the hosted `Rows`, raises `FixedCols`
+    // ---- rows, columns and the current cell ----------------------------------------------
+    /// Total rows (pass get). The setter sets the hosted `Rows`, raises `FixedCols`
     /// and `FixedRows` to at least 1, then runs the colouring and check-box passes.
     int Rows() const;
     void setRows(int rows);
-    /// Part 1.1: total columns (pass get). The setter resizes the `Column` array first (user mode
+    /// Total columns (pass get). The setter resizes the `Column` array first (user mode
     /// only: kept objects keep their settings, new columns get fresh ones).
     int Cols() const;
     void setCols(int cols);
-    /// Part 1.1: the hosted `FixedRows` / `FixedCols` (pass).
+    /// The hosted `FixedRows` / `FixedCols` (pass).
     int FixedRows() const;
     void setFixedRows(int rows);
     int FixedCols() const;
     void setFixedCols(int cols);
-    /// Part 1.1: the current cell (pass get). The setters first run the leave-cell step
+    /// The current cell (pass get). The setters first run the leave-cell step
     /// (`LeaveCell`, then with `EditEnable` the editor commit and auto-calculation).
     int Row() const;
     void setRow(int row);
     int Col() const;
     void setCol(int col);
-    /// Part 1.1: the other corner of the selection (pass `RowSel` / `ColSel`).
+    /// The other corner of the selection (pass `RowSel` / `ColSel`).
     int Rowsel() const;
     void setRowsel(int row);
     int Colsel() const;
@@ -154,117 +154,117 @@ public:
     void setTopRow(int row);
     int LeftCol() const;
     void setLeftCol(int col);
-    /// Part 1.1: the hosted `FormatString` (pass get). The setter then re-applies `Cols`, so the
+    /// The hosted `FormatString` (pass get). The setter then re-applies `Cols`, so the
     /// `Column` array follows the column count the format string produced.
     QString FormatString() const;
     void setFormatString(const QString& format);
 
-    // ---- Part 1.2 columns ------------------------------------------------------------------
-    /// Part 1.2: the `Column` of column `Col`; outside the array → VemoError 9.
+    // ---- columns ---------------------------------------------------------------------------
+    /// The `Column` of column `Col`; outside the array → VemoError 9.
     VemoGridLib::Column* Column(int Col) const;
-    /// Part 1.2: the editing type of column `Col`.
+    /// The editing type of column `Col`.
     VemoGridColType ColType(int Col) const;
-    /// Part 1.2: records `type` in the column's `Column` (decimals and format of numeric types)
+    /// Records `type` in the column's `Column` (decimals and format of numeric types)
     /// and sets the hosted alignment and width: text 1; check box 0 and 500 twips after the
     /// check-box pass; date 1 and 1250 twips; currency, numeric, long 7. No `PropertyChanged`.
     void setColType(int Col, VemoGridColType type);
-    /// Part 1.1: the hosted `ColWidth`, reading 1000 for the default width (−1).
+    /// The hosted `ColWidth`, reading 1000 for the default width (−1).
     int COLWIDTH(int Col) const;
     void setCOLWIDTH(int Col, int twips);
 
-    // ---- Part 1.5 cells and rows ------------------------------------------------------------
-    /// Part 1.5: a cell's text; a check-box column reads "True" for the checked marker "." and
+    // ---- cells and rows ----------------------------------------------------------------------
+    /// A cell's text; a check-box column reads "True" for the checked marker "." and
     /// "False" for anything else.
     QString TextMatrix(int Row, int Col) const;
-    /// Part 1.5: typed write: check box takes "0", "-1", "True", "False" (else ignored); a date
+    /// Typed write: check box takes "0", "-1", "True", "False" (else ignored); a date
     /// column takes dates only, formatted with its `FormatString`; a hyperlink cell becomes
     /// blue and underlined and current; others store the text as given. Bad `Col` → 9.
     void setTextMatrix(int Row, int Col, const QString& value);
-    /// The current cell's `TextMatrix` (Part 1.5 "`Text` get" is ours: typed like TextMatrix).
+    /// The current cell's text, read as `TextMatrix` reads it (check boxes as "True"/"False").
     QString Text() const;
-    /// Part 1.5: the typed write of `setTextMatrix` on the current cell.
+    /// The typed write of `setTextMatrix` on the current cell.
     void setText(const QString& value);
-    /// Ours: a check-box cell holds the checked marker ".".
+    /// A check-box cell holds the checked marker ".".
     bool cgChecked(int Row, int Col) const;
-    /// Ours: writes "." or the unchecked marker "`" and redraws the box (Part 1.1 pass).
+    /// Writes "." or the unchecked marker "`" and redraws the box.
     void setcgChecked(int Row, int Col, bool checked);
-    /// Part 1.5: adds a row from TAB-separated `Item` at the end (`Index` < 1) or before
+    /// Adds a row from TAB-separated `Item` at the end (`Index` < 1) or before
     /// `Index`, unless the current row is empty and `NullLine` is false (then the message
     /// "Do not allow add a null line!" is shown and nothing is added). Empty `AutoAdd` cells
     /// take the running number.
     void AddItem(const QString& Item, int Index = 0);
-    /// Part 1.5: removes row `Index`, or the marked row when `Index` is 0; the only data row is
+    /// Removes row `Index`, or the marked row when `Index` is 0; the only data row is
     /// cleared instead.
     void RemoveItem(int Index = 0);
-    /// Part 1.5: removes every data row but one empty one; headers, widths and fixed counts stay.
+    /// Removes every data row but one empty one; headers, widths and fixed counts stay.
     void Clear();
-    /// Part 1.5: the hosted `ClearStructure` only.
+    /// The hosted `ClearStructure` only.
     void ClearStructure();
-    /// Part 1.5: the row carrying the current-row marker; 0 = none.
+    /// The row carrying the current-row marker; 0 = none.
     int Selected() const;
-    /// Part 1.5: "3.0.15", the library version.
+    /// "3.0.15", the library version.
     QVariant Version() const;
-    /// Ours: re-applies `Cols` and `Rows` from the hosted grid through the grid's setters (as
+    /// Re-applies `Cols` and `Rows` from the hosted grid through the grid's setters (as
     /// after loading), so `Column` objects, colours and check boxes follow data put into the
     /// hosted grid or its `DataSource` directly.
     void ReSetData();
 
-    // ---- Part 1.6 sorting -------------------------------------------------------------------
-    /// Part 1.6: sorts the data rows by `Col` per its `Column.SortType`; `SortNone` alternates
+    // ---- sorting ------------------------------------------------------------------------------
+    /// Sorts the data rows by `Col` per its `Column.SortType`; `SortNone` alternates
     /// ascending / descending on repeated calls, the others force the direction. The header
     /// shows an up or down arrow. `Col` < `FixedCols` does nothing.
     void Sort(int Col, VemoGridSortMode SortDirection = SortNone);
-    /// Part 1.6: sets `Sortable` without `PropertyChanged`; `newValue` is ignored.
+    /// Sets `Sortable` without `PropertyChanged`; `newValue` is ignored.
     void SortOnHeaderClick(bool SortOn, VemoSortTypeConstants newValue = VemoSortNone);
-    /// Part 1.6: kept as it stands: ignores its arguments and only suppresses the grid's events
-    /// (so an editor commit does nothing) until the next sort or hyperlink write.
+    /// Ignores its arguments and only suppresses the grid's events, as the original control did
+    /// (kept for compatibility): an editor commit does nothing until the next sort or link write.
     void SortOnCol(int Col, VemoSortTypeConstants SortType = VemoSortNone);
-    /// Part 1.6: a click on a data column's header sorts (default true). Reports "SortAble".
+    /// A click on a data column's header sorts (default true). Reports "SortAble".
     bool Sortable() const;
     void setSortable(bool sortable);
 
-    // ---- Part 1.7 auto-calculation ----------------------------------------------------------
-    /// Part 1.7: operand columns and the result column (0 or less = off); no range check.
+    // ---- auto-calculation ---------------------------------------------------------------------
+    /// Operand columns and the result column (0 or less = off); no range check.
     int AutoCalc1() const;
     void setAutoCalc1(int col);
     int AutoCalc2() const;
     void setAutoCalc2(int col);
     int AutoCalcRES() const;
     void setAutoCalcRES(int col);
-    /// Part 1.7: the operator. The setter keeps the first character of the trimmed value and
+    /// The operator. The setter keeps the first character of the trimmed value and
     /// shows "Operator ERROR" when it is not one of + - * /.
     QString AutoCalcOPE() const;
     void setAutoCalcOPE(const QString& op);
 
-    // ---- Part 1.8 export --------------------------------------------------------------------
-    /// Part 1.8: writes the table (without column 0) as a BIFF2 worksheet to `FileName`, typed
+    // ---- Excel export -------------------------------------------------------------------------
+    /// Writes the table (without column 0) as a BIFF2 worksheet to `FileName`, typed
     /// by column; every failure is silent and skips only the cell concerned.
     void ExportToExcel(const QString& FileName);
 
-    // ---- Part 1.1 fields of the grid ---------------------------------------------------------
-    /// Part 1.1: cell editors may be shown; gates the leave-cell work (default true).
+    // ---- the grid's own settings -------------------------------------------------------------
+    /// Cell editors may be shown; gates the leave-cell work (default true).
     bool EditEnable() const;
     void setEditEnable(bool enable);
-    /// Part 1.5: a row may be added while the current row is empty (default true).
+    /// A row may be added while the current row is empty (default true).
     bool NullLine() const;
     void setNullLine(bool allow);
-    /// Part 1.3: Enter in the last cell adds a row (default true).
+    /// Enter in the last cell adds a row (default true).
     bool AutoGrow() const;
     void setAutoGrow(bool grow);
-    /// Part 3.3: date editors show lunar dates (default false).
+    /// Date editors show lunar dates (default false).
     bool LunarCalendar() const;
     void setLunarCalendar(bool lunar);
-    /// Part 1.3: what Alt+Up/Down and the wheel scroll, and by how many rows (default 3).
+    /// What Alt+Up/Down and the wheel scroll, and by how many rows (default 3).
     VemoGridScrollType ScrollType() const;
     void setScrollType(VemoGridScrollType type);
     short ScrollNum() const;
     void setScrollNum(short rows);
-    /// Part 1.3: appearance and border given to the cell editors.
+    /// Appearance and border given to the cell editors.
     int CellAppearance() const;
     void setCellAppearance(int appearance);
     int CellBorderStyle() const;
     void setCellBorderStyle(int style);
-    /// Part 1.1: the band colours of even and odd data rows (white, &HBFFFFF) and the colour of
+    /// The band colours of even and odd data rows (white, &HBFFFFF) and the colour of
     /// locked and numbered columns (&HDFDFC0). Setting one recolours the data rows.
     OleColor BackColor1() const;
     void setBackColor1(OleColor color);
@@ -272,34 +272,34 @@ public:
     void setBackColor2(OleColor color);
     OleColor ReadOnlyColor() const;
     void setReadOnlyColor(OleColor color);
-    /// Part 1.3: editors take these colours instead of the cell's when `AssignCellColorSel`.
+    /// Editors take these colours instead of the cell's when `AssignCellColorSel`.
     bool AssignCellColorSel() const;
     void setAssignCellColorSel(bool assign);
     OleColor CellBackColorSel() const;
     void setCellBackColorSel(OleColor color);
     OleColor CellForeColorSel() const;
     void setCellForeColorSel(OleColor color);
-    /// Part 1.1: the hosted `Redraw` (the grid's mirror of it is the hosted value itself).
+    /// The hosted `Redraw` (the grid's mirror of it is the hosted value itself).
     bool Redraw() const;
     void setRedraw(bool redraw);
-    /// Ours: any value the host keeps with the control.
+    /// Any value the host keeps with the control.
     QVariant Tag() const;
     void setTag(const QVariant& tag);
-    /// Part 1.1: binds the hosted grid to `model` (not owned), then re-applies `Cols` and `Rows`.
+    /// Binds the hosted grid to `model` (not owned), then re-applies `Cols` and `Rows`.
     QAbstractItemModel* DataSource() const;
     void setDataSource(QAbstractItemModel* model);
 
-    // ---- Part 1.1 the control's own look ------------------------------------------------------
-    /// Part 1.1: the control's `Enabled` (QWidget::setEnabled sets it), reported as "Enabled".
+    // ---- the control's own look ---------------------------------------------------------------
+    /// The control's `Enabled` (QWidget::setEnabled sets it), reported as "Enabled".
     bool Enabled() const;
-    /// Part 1.1: `flat` 0 or `3D` 1 (default 1): the hosted grid's frame is plain or sunken.
+    /// `flat` 0 or `3D` 1 (default 1): the hosted grid's frame is plain or sunken.
     int Appearance() const;
     void setAppearance(int appearance);
-    /// Part 1.1: `None` 0 or `Fixed Single` 1 (default 1): the hosted grid's frame is shown.
+    /// `None` 0 or `Fixed Single` 1 (default 1): the hosted grid's frame is shown.
     int BorderStyle() const;
     void setBorderStyle(int style);
 
-    // ---- Part 1.1 pass-through members -----------------------------------------------------
+    // ---- pass-through members -------------------------------------------------------------
     int RowHeight(int RowIndex) const;
     void setRowHeight(int RowIndex, int twips);
     int RowHeightMin() const;
@@ -377,7 +377,7 @@ public:
     void setGridLinesFixed(int style);
     int GridLineWidth() const;
     void setGridLineWidth(int pixels);
-    /// Part 1.1: the hosted grid's `Font`: the control's font (QWidget::setFont sets it), which
+    /// The hosted grid's `Font`: the control's font (QWidget::setFont sets it), which
     /// the hosted grid follows; reported as "Font".
     QFont Font() const;
     QFont FontFixed() const;
@@ -404,10 +404,10 @@ public:
     void setScrollTrack(bool track);
 
 Q_SIGNALS:
-    /// Part 1.1 conventions: a setter changed the property saved (or reported) as `name`.
+    /// A setter changed the property saved (or reported) as `name`.
     void PropertyChanged(const QString& name);
 
-    /// Part 1.3 events, in their declared order. The editor-born ones (`Change`,
+    /// The grid's events, in their declared order. The editor-born ones (`Change`,
     /// `BeforeDropDown`, `CellComboSelect`, `CellComboClick`, `BtnClick`, `BeforeChange`,
     /// `CellChanged`, `ValidateError`) come with the cell editors.
     void Click();

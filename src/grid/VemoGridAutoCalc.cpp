@@ -1,4 +1,4 @@
-// Part 1.7: VemoGrid's per-row auto-calculation of a result column from two operand columns.
+// VemoGrid's per-row auto-calculation of a result column from two operand columns.
 #include "grid/VemoGrid_p.h"
 
 #include "common/Messages.h"
@@ -71,7 +71,7 @@ void VemoGridPrivate::autoCalculate()
     }
     QString text = vb::CStr(rounded);
     q->setTextMatrix(row, autoCalcRES, text);
-    // Part 1.7 step 6: a bare leading point gets its digit in front, so ".5" reads "0.5".
+    // A bare leading point gets its digit in front, so ".5" reads "0.5".
     if (text.startsWith(QLatin1Char('.')))
         q->setTextMatrix(row, autoCalcRES, text.prepend(QLatin1Char('0')));
 }

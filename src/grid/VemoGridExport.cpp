@@ -1,4 +1,4 @@
-// Part 1.8: VemoGrid's export to an Excel worksheet.
+// VemoGrid's export to an Excel worksheet.
 #include "grid/VemoGrid_p.h"
 
 
@@ -16,7 +16,7 @@ constexpr int LastSheetRow = 32767;
 // The writer takes `Col` as one byte, and the data loop's column counter is one byte as well.
 constexpr int LastByteColumn = 255;
 
-// How a data column's cells are written (Part 1.8's table, `AutoAdd` first).
+// How a data column's cells are written, by column type (an `AutoAdd` column first of all).
 struct ColumnKind
 {
     bool autoAdd = false;
@@ -84,7 +84,7 @@ void writeDataCell(ExcelFile& excel, short row, uchar col, QStringView t, Column
 
 void VemoGrid::ExportToExcel(const QString& FileName)
 {
-    // Part 1.8 runs the export with errors ignored: a failing statement is skipped on its own.
+    // The export runs with errors ignored: a failing statement is skipped on its own.
     if (!ignoringErrors([&] {
             if (!d->excel)
                 d->excel = std::make_unique<ExcelFile>();

@@ -1,4 +1,4 @@
-// Part 1.1: the pass-through members of VemoGrid, each forwarding to the hosted grid's member of
+// The pass-through members of VemoGrid, each forwarding to the hosted grid's member of
 // the same name; every setter reports the change under that name.
 #include "grid/VemoGrid_p.h"
 

@@ -1,5 +1,5 @@
-// The pictures VemoGrid draws into its cells: check boxes (Part 1.1), sort arrows (Part 1.6)
-// and the current-row marker (Part 1.3). The Parts leave their images to us; they are drawn
+// The pictures VemoGrid draws into its cells: check boxes, sort arrows and the current-row
+// marker. They are drawn
 // here, so the library carries no image files.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Part 1.4: VemoGrid's saved properties.
+// VemoGrid's saved properties.
 #include "grid/VemoGrid_p.h"
 
 #include "common/PropertyBag.h"
@@ -211,7 +211,7 @@ constexpr Access field()
         }};
 }
 
-// ---- the two lists of Part 1.4 -------------------------------------------------------------
+// ---- the saved properties: reading list and writing order ---------------------------------
 // Defaults carry the saved format's types (boolean, 16-bit qint16, 32-bit int, colour quint32,
 // string); written values carry their getter's type (hosted members are int, `ScrollNum`
 // short). The bag compares a value with its default by value, so `FocusRect` 1 (int) equals
@@ -254,7 +254,7 @@ const QVariant none;
 
 using P = VemoGridPrivate;
 
-/// Part 1.4's table, in reading order.
+/// Every saved property with its read and write defaults, in reading order.
 const std::vector<SavedProperty>& savedProperties()
 {
     static const std::vector<SavedProperty> table = {
@@ -339,7 +339,7 @@ const std::vector<SavedProperty>& savedProperties()
     return table;
 }
 
-/// Part 1.4's write order: the same 52 names, moved at four places.
+/// The writing order: the same 52 names, four of them moved from their reading-order places.
 // clang-format off
 constexpr std::array<std::string_view, 52> WriteOrder = {
     "Enabled", "Appearance", "BorderStyle", "BackColor1", "BackColor2", "ReadOnlyColor",
@@ -372,7 +372,7 @@ QVariant readDefaultOf(const SavedProperty& property, const QWidget& control)
 {
     if (const QVariant* const fixed = std::get_if<QVariant>(&property.readDefault))
         return *fixed;
-    // ARCHITECTURE.md "ambient Font": the parent widget's; a top-level control has the
+    // The ambient Font is the parent widget's; a top-level control has the
     // application's.
     const QWidget* const container = control.parentWidget();
     return QVariant::fromValue(container ? container->font() : QApplication::font());

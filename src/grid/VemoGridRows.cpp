@@ -1,4 +1,4 @@
-// Part 1.5: VemoGrid's row operations, typed cell writes, the marked row and the version.
+// VemoGrid's row operations, typed cell writes, the marked row and the version.
 #include "grid/VemoGrid_p.h"
 
 
@@ -126,7 +126,7 @@ void VemoGrid::RemoveItem(int Index)
 
 void VemoGrid::Clear()
 {
-    // Part 1.5 runs Clear with errors ignored: each step on its own.
+    // Clear runs with errors ignored: each step on its own.
     FlexGrid* const flex = d->flex;
     ignoringErrors([this] { d->commitEdit(); });
     const BulkPass pass(*d, qint64(flex->Rows()) * flex->Cols());

@@ -1,4 +1,4 @@
-// Part 1.6: VemoGrid's sorting by a column's SortType, header-click sorting and the sort arrows.
+// VemoGrid's sorting by a column's SortType, header-click sorting and the sort arrows.
 #include "grid/VemoGrid_p.h"
 
 
@@ -130,7 +130,7 @@ void VemoGridPrivate::sortByKeyColumn(int col, int setting, KeyKind kind)
     for (int r = flex->FixedRows(); r < flex->Rows(); ++r) {
         const QStringView text = cells.text(r, col);
         if (kind == KeyKind::Currency) {
-            // Format with no format string returns a text unchanged (vb-semantics.md §5).
+            // Format with no format string returns a text unchanged, so the key is the text itself.
             copy.setUnicode(text.data(), text.size());
             cells.setText(r, keyCol, copy);
         } else if (DateKey key; isoDateKey(text, key)) {
@@ -150,7 +150,7 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
         return;
     const VemoSortTypeConstants type = column(col)->SortType();
 
-    // Part 1.6 step 8 ends with Redraw on, whatever it was before.
+    // A sort ends with Redraw on, whatever it was before.
     const auto redrawAfterwards = qScopeGuard([this] { flex->setRedraw(true); });
     const BulkPass pass(*this, qint64(flex->Rows()) * flex->Cols());
     const int savedRow = flex->Row();

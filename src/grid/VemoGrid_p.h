@@ -1,7 +1,7 @@
-// VemoGrid's private state and the steps its Parts share. One source file per Part:
-// VemoGrid.cpp (1.1 model, 1.2 grid side, events), VemoGridProperties.cpp (1.4),
-// VemoGridRows.cpp (1.5), VemoGridSort.cpp (1.6), VemoGridAutoCalc.cpp (1.7),
-// VemoGridExport.cpp (1.8).
+// VemoGrid's private state and the steps its source files share, one file per concern:
+// VemoGrid.cpp (model, Column and ColType, events), VemoGridProperties.cpp (saved properties),
+// VemoGridRows.cpp (rows), VemoGridSort.cpp (sorting), VemoGridAutoCalc.cpp (auto-calculation),
+// VemoGridExport.cpp (Excel export).
 #pragma once
 
 #include "grid/ExcelFile.h"
@@ -24,7 +24,7 @@ namespace VemoGridLib {
 
 class VemoGridPrivate;
 
-/// The Overview's "errors ignored" (VB's On Error Resume Next), as `Clear`, `ReadProperties`,
+/// Runs a step with errors ignored (VB's On Error Resume Next), as `Clear`, `ReadProperties`,
 /// `WriteProperties` and `ExportToExcel` run their steps: a step that fails is skipped and the
 /// next one runs. True when `step` ran through.
 template <typename Step>
@@ -38,10 +38,10 @@ bool ignoringErrors(Step&& step)
     }
 }
 
-/// A bulk pass of Part 1.1 (colouring, check boxes, sorting, row operations), for its scope:
+/// A bulk pass (colouring, check boxes, sorting, row operations), for its scope:
 /// events suppressed and the hosted Redraw off; afterwards Redraw as it was and the suppression
-/// flag cleared (cleared, not restored: `SortOnCol`'s flag ends with the next pass, as Part 1.6
-/// keeps it). The hourglass pointer shows for passes of at least `HourglassCells` cells: a pass
+/// flag cleared (cleared, not restored: `SortOnCol`'s flag ends with the next pass, as in the
+/// original control). Passes of at least `HourglassCells` cells show the hourglass: a pass
 /// over fewer ends before a pointer could be seen, and setting one costs more than the pass.
 /// Nested passes (a colouring pass inside AddItem) leave all this to the outermost one.
 class BulkPass
@@ -74,7 +74,7 @@ public:
     /// Quiet bulk access to the hosted grid's cells for the passes.
     FlexGridHosting cells;
 
-    // ---- Part 1.1 fields, at their initial values -------------------------------------------
+    // ---- the grid's fields, at their initial values -----------------------------------------
     /// One `Column` per hosted column in user mode; owned (children of the control).
     std::vector<VemoGridLib::Column*> columns;
     bool userMode = true;
@@ -95,7 +95,7 @@ public:
     bool suppressEvents = false;
     /// Bulk passes running (BulkPass).
     int bulkDepth = 0;
-    /// Set while an editor is being placed (Part 1.3).
+    /// Set while an editor is being placed.
     bool editorShowing = false;
     int lastMouseRow = 0;
     int lastMouseCol = 0;
@@ -108,21 +108,21 @@ public:
     OleColor cellBackColorSel = 0xFFFFFF;
     OleColor cellForeColorSel = 0;
 
-    // ---- Part 1.5 ------------------------------------------------------------------------------
+    // ---- rows: running number and marked row -------------------------------------------------
     int runningNumber = 1;
     int markedRow = 0;
 
-    // ---- Part 1.6 ------------------------------------------------------------------------------
+    // ---- sorting -------------------------------------------------------------------------------
     int lastSortedCol = -1;
     bool ascending = true;
 
-    // ---- Part 1.7 ------------------------------------------------------------------------------
+    // ---- auto-calculation ----------------------------------------------------------------------
     int autoCalc1 = 0;
     int autoCalc2 = 0;
     int autoCalcRES = 0;
     QString autoCalcOPE;
 
-    // ---- Part 1.8 ------------------------------------------------------------------------------
+    // ---- Excel export --------------------------------------------------------------------------
     /// Created on the first export and reused by later ones.
     std::unique_ptr<ExcelFile> excel;
 
@@ -133,7 +133,7 @@ public:
     QPixmap imgDown;
     QPixmap imgMarker;
 
-    // ---- Part 1.1 steps (VemoGrid.cpp) ----------------------------------------------------------
+    // ---- model, passes, layout and relays (VemoGrid.cpp) ---------------------------------------
     /// Reports a property change to the container.
     void changed(const QString& name) { Q_EMIT q->PropertyChanged(name); }
     /// The `Column` of `col`, or VemoError 9 (bounds) when outside the array.
@@ -161,15 +161,15 @@ public:
     void setPicture(int row, int col, const QPixmap& picture, int alignment = -1);
     /// Moves the current-row marker to `row` (0 removes it), events suppressed.
     void moveMarker(int row);
-    /// The leave-cell step of Parts 1.3 and 1.7: unless events are suppressed, `LeaveCell`, then
+    /// The leave-cell step: unless events are suppressed, `LeaveCell`, then
     /// with `EditEnable` the editor commit and the auto-calculation.
     void leaveCell();
     /// The grid's own `Row`/`Col` setters: the leave-cell step, then `move` of the hosted cell.
     void leaveThenMove(const std::function<void()>& move);
-    /// Part 1.3's editor commit. With no editor open (until the cell editors arrive, always)
+    /// The editor commit. With no editor open (until the cell editors arrive, always)
     /// it does nothing, and nothing while events are suppressed.
     void commitEdit();
-    /// Part 1.3's current-cell re-display: shows the editor of the current cell once editors
+    /// The current-cell re-display: shows the editor of the current cell once editors
     /// exist; with none it leaves the hosted grid as it is.
     void redisplayCurrentCell();
     /// Sets hosted `Row` / `Col` with events suppressed (the flag is then as it was).
@@ -195,16 +195,16 @@ public:
     void hostedRowColChange() override;
     bool leaveAlreadyDone = false;
 
-    // ---- Part 1.5 steps (VemoGridRows.cpp) ------------------------------------------------------
+    // ---- row operations (VemoGridRows.cpp) ------------------------------------------------------
     /// The empty-line rule: no data column of `row` is filled (a check box only by ".").
     bool rowIsEmpty(int row) const;
     /// Writes `value` into a check-box cell as its marker and redraws the box.
     void writeChecked(int row, int col, bool checked);
 
-    // ---- Part 1.6 steps (VemoGridSort.cpp) ------------------------------------------------------
+    // ---- sorting (VemoGridSort.cpp) ------------------------------------------------------------
     /// The sort routine.
     void sort(int col, VemoGridSortMode direction);
-    /// Part 1.6: the hidden key of a `VemoSortDateTime` cell: its text formatted
+    /// The hidden key of a `VemoSortDateTime` cell: its text formatted
     /// "yyyymmddHhNnSs" (a text that is no date comes back unchanged and sorts among the keys).
     /// ISO-style dates are read directly, without the general date parser, to the same key.
     /// Exported for the tests.
@@ -213,12 +213,12 @@ public:
     void followMarker();
     /// Removes the arrow from the last sorted column's header and forgets that column.
     void removeSortMark();
-    /// The hidden key columns of Part 1.6: date keys, or currency keys (the text itself).
+    /// The hidden key columns of a sort: date keys, or currency keys (the text itself).
     enum class KeyKind { Date, Currency };
     /// Sorts by a hidden column of keys made from `col`'s texts, with the hosted `setting`.
     void sortByKeyColumn(int col, int setting, KeyKind kind);
 
-    // ---- Part 1.7 step (VemoGridAutoCalc.cpp) -------------------------------------------------
+    // ---- auto-calculation (VemoGridAutoCalc.cpp) ----------------------------------------------
     /// Recomputes the result cell of the current row when the current column is an operand.
     /// Division by zero throws VemoError 11 (0 / 0: 6).
     void autoCalculate();
