@@ -228,7 +228,7 @@ private:
     QList<Token> m_tokens;
 };
 
-// m / mm right after an hour token (a ':' between is fine) is the minute, once.
+// m / mm right after an hour token (blanks and a ':' between are fine) is the minute, once.
 void markMinutesAfterHours(QList<Token>& tokens)
 {
     bool afterHour = false;
@@ -239,6 +239,11 @@ void markMinutesAfterHours(QList<Token>& tokens)
             afterHour = true;
             break;
         case Kind::TimeSep:
+            break;
+        case Kind::Literal:
+            // Blanks between the hour and the minute do not part them: "hh :mm" as "hh:mm".
+            if (t.text.count(u' ') != t.text.size())
+                afterHour = false;
             break;
         case Kind::Month:
         case Kind::Month2:

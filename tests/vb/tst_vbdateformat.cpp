@@ -98,12 +98,15 @@ void tst_VbDateFormat::tokens_data()
     both("ss", "00");
     both("A/P", "P");
     both("a/p", "p");
-    // Minute vs month: only m/mm right after an hour token, and only once.
+    // Minute vs month: only m/mm right after an hour token (blanks and ':' between), once.
     both("hh:mm :ss:mm", "12:36 :00:01");
     both("mm :ss:mm", "01 :00:01");
     both("dd :mm:nn", "01 :01:36");
     both("h:m", "12:36");
-    both("hh mm", "12 01");
+    both("hh mm", "12 36");
+    both("hh :mm", "12 :36");
+    both("h :m", "12 :36");
+    both("hh-mm", "12-01");
     // Letter case does not matter.
     both("MM", "01");
     both("Hh", "12");
