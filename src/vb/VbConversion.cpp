@@ -172,7 +172,8 @@ private:
         }
     }
 
-    bool scanBody() { return peek() == u'&' ? scanRadix() : scanDecimal(); }
+    // A currency sign never stands before a radix prefix: "$&HA" is no number.
+    bool scanBody() { return peek() == u'&' ? !m_currency && scanRadix() : scanDecimal(); }
 
     bool scanRadix()
     {

@@ -311,6 +311,10 @@ void tst_VbConversion::scanner_data()
     QTest::newRow("&HFFFFFFFF") << "&HFFFFFFFF" << en << -1.0 << NoError;
     QTest::newRow("&H7FFFFFFF") << "&H7FFFFFFF" << en << 2147483647.0 << NoError;
     QTest::newRow("&O177777 is an Integer") << "&O177777" << en << -1.0 << NoError;
+    QTest::newRow("&ha") << "&ha" << en << 10.0 << NoError;
+    QTest::newRow("$&ha: no currency before a radix prefix") << "$&ha" << en << 0.0 << TypeMismatch;
+    QTest::newRow("$&O17") << "$&O17" << en << 0.0 << TypeMismatch;
+    QTest::newRow("$12") << "$12" << en << 12.0 << NoError;
     QTest::newRow("hex beyond 32 bits") << "&H100000000" << en << 0.0 << Overflow;
     QTest::newRow("&H without digits") << "&H" << en << 0.0 << TypeMismatch;
     QTest::newRow("&H bad digit") << "&HG" << en << 0.0 << TypeMismatch;
