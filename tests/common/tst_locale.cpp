@@ -32,7 +32,6 @@ private slots:
         row("", "", "zh_TW.UTF-8", 1028, TraditionalChinese);
         row("", "", "zh-HK", 3076, English);
         row("", "", "fr_CA.UTF-8", 1036, English); // the language alone
-        row("", "", "xx_YY", 1033, English);
         row("zh_TW.Big5", "en_US.UTF-8", "zh_CN.UTF-8", 1028, TraditionalChinese);
         row("", "zh_CN.GB18030", "en_US.UTF-8", 2052, SimplifiedChinese);
         row("C", "", "zh_CN.UTF-8", 1033, English);

@@ -58,15 +58,11 @@ private slots:
         showMessage(Message{u"y"_s, QString(), MessageIcon::Information});
         QCOMPARE(calls, 1);
         setMessageHandler(original);
-        QStringList opened;
-        const ShellOpenHandler previous = setShellOpenHandler([&opened](const QString& target) {
-            opened.append(target);
-            return target.startsWith(u"http"_s);
-        });
+        const ShellOpenHandler previous =
+            setShellOpenHandler([](const QString& target) { return target.startsWith(u"http"); });
         QVERIFY(shellOpen(u"http://example.com/invoice/7"_s));
         QVERIFY(!shellOpen(u"C:\\invoice.txt"_s));
         setShellOpenHandler(previous);
-        QCOMPARE(opened.size(), 2);
     }
 };
 

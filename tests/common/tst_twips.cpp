@@ -35,10 +35,8 @@ private slots:
         QTest::addColumn<int>("twips");
         QTest::addColumn<int>("pixels");
         QTest::addColumn<int>("backToTwips");
-        QTest::newRow("96: 7 rounds down") << 96 << 7 << 0 << 0;
         QTest::newRow("96: 8 rounds up") << 96 << 8 << 1 << 15;
         QTest::newRow("96: -8 mirrors") << 96 << -8 << -1 << -15;
-        QTest::newRow("96: default column") << 96 << 960 << 64 << 960;
         QTest::newRow("96: int max")
             << 96 << std::numeric_limits<int>::max() << 143165576 << 2147483640;
         QTest::newRow("144: half rounds away from zero") << 144 << 5 << 1 << 10;
@@ -50,14 +48,12 @@ private slots:
         QFETCH(int, dpi);
         QFETCH(int, twips);
         QFETCH(int, pixels);
-        QFETCH(int, backToTwips);
         // The other axis has another dpi, so reading the wrong one shows.
-        const QImage wide = deviceWithDpi(dpi, 72);
-        const QImage tall = deviceWithDpi(72, dpi);
-        QCOMPARE(twipsToPixelsX(twips, &wide), pixels);
-        QCOMPARE(twipsToPixelsY(twips, &tall), pixels);
-        QCOMPARE(pixelsToTwipsX(pixels, &wide), backToTwips);
-        QCOMPARE(pixelsToTwipsY(pixels, &tall), backToTwips);
+        const QImage wide = deviceWithDpi(dpi, 72), tall = deviceWithDpi(72, dpi);
+        QTEST(twipsToPixelsX(twips, &wide), "pixels");
+        QTEST(twipsToPixelsY(twips, &tall), "pixels");
+        QTEST(pixelsToTwipsX(pixels, &wide), "backToTwips");
+        QTEST(pixelsToTwipsY(pixels, &tall), "backToTwips");
         QCOMPARE(twipsPerPixelX(&wide), 1440.0 / dpi);
         QCOMPARE(twipsPerPixelY(&tall), 1440.0 / dpi);
     }

@@ -31,15 +31,11 @@ private slots:
                             const QString& text, short keyCode, short keyAscii) {
             QTest::newRow(name) << key << modifiers << text << keyCode << keyAscii;
         };
-        row("Shift+A", Qt::Key_A, Shift, "A", 65, 65);
         row("Ctrl+lower-case a", 'a', Control, "", 65, 1);
         row("keypad Enter with LF text", Qt::Key_Enter, Keypad, "\n", 13, 13);
         row("Backtab", Qt::Key_Backtab, Shift, "", 9, 9);
         row("shifted ( is the 9 key", Qt::Key_ParenLeft, Shift, "(", 57, 40);
-        row("keypad -", Qt::Key_Minus, Keypad, "-", 109, 45);
         row("keypad decimal comma", Qt::Key_Comma, Keypad, ",", 110, 44);
-        row("main-block -", Qt::Key_Minus, None, "-", 189, 45);
-        row("shifted ~ is the ` key", Qt::Key_AsciiTilde, Shift, "~", 192, 126);
         row("F25 has no code", Qt::Key_F25, None, "", 0, 0);
         row("Backspace", Qt::Key_Backspace, None, "\b", 8, 8);
         row("Escape without text", Qt::Key_Escape, None, "", 27, 27);
@@ -84,10 +80,9 @@ private slots:
 
     void masks()
     {
-        QCOMPARE(vbShiftMask(Shift | Alt | Qt::MetaModifier | Keypad), short(5));
-        QCOMPARE(vbShiftMask(Control), short(2));
-        QCOMPARE(vbButtonMask(Qt::RightButton | Qt::MiddleButton | Qt::BackButton), short(6));
-        QCOMPARE(vbButton(Qt::LeftButton), short(1));
+        QCOMPARE(vbShiftMask(Control | Alt | Qt::MetaModifier | Keypad), short(6));
+        QCOMPARE(vbButtonMask(Qt::LeftButton | Qt::MiddleButton | Qt::BackButton), short(5));
+        QCOMPARE(vbButton(Qt::RightButton), short(2));
     }
 };
 
