@@ -1,6 +1,7 @@
 // The per-column settings object of a VemoGrid column.
 #pragma once
 
+#include <VemoGridLib/ErrorGuard.h>
 #include <VemoGridLib/VbStrings.h>
 #include <VemoGridLib/VemoEnums.h>
 #include <VemoGridLib/VemoGridLibExport.h>
@@ -37,7 +38,7 @@ class VEMOGRIDLIB_EXPORT Column : public QObject
     Q_PROPERTY(VemoGridLib::vb::CompareMethod CompareMode READ CompareMode WRITE setCompareMode)
     Q_PROPERTY(bool HotTracking READ HotTracking WRITE setHotTracking)
     Q_PROPERTY(VemoGridLib::VemoSortTypeConstants SortType READ SortType WRITE setSortType)
-    Q_PROPERTY(qint16 DecimalLength READ DecimalLength WRITE setDecimalLength)
+    Q_PROPERTY(qint16 DecimalLength READ DecimalLength WRITE guardedSetDecimalLength)
     Q_PROPERTY(qint32 ItemCount READ ItemCount)
     // AutoDropDown comes last, as in the original control's interface, so properties list in order.
     Q_PROPERTY(bool AutoDropDown READ AutoDropDown WRITE setAutoDropDown)
@@ -178,6 +179,9 @@ public:
     void setColType(VemoGridColType type);
 
 private:
+    // The writer moc calls for DecimalLength, the one property that can refuse a value.
+    VEMO_GUARDED_WRITE(qint16, DecimalLength);
+
     struct Private;
     std::unique_ptr<Private> d;
 };

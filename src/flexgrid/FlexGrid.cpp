@@ -2,6 +2,7 @@
 #include "flexgrid/FlexGrid.h"
 #include "flexgrid/FlexGrid_p.h"
 
+#include "common/ErrorGuard.h"
 #include "common/VemoError.h"
 
 #include <QFocusEvent>
@@ -1124,11 +1125,17 @@ void FlexGrid::setDataSource(QAbstractItemModel* model)
 
 // ---- events -------------------------------------------------------------------------------------
 
+// Nothing thrown here may reach Qt's event loop: an error raised by a directly connected
+// handler (KeyDown setting a bad Row) ends that event's work and is reported with qWarning. The
+// grid's state stays whole, as the setters check before they change anything.
+
 bool FlexGrid::event(QEvent* event)
 {
     if (event->type() == QEvent::Show || event->type() == QEvent::ScreenChangeInternal) {
-        d->refreshMetrics();
-        d->relayout();
+        catchingErrors("FlexGrid::event", [this] {
+            d->refreshMetrics();
+            d->relayout();
+        });
     }
     // Tab belongs to the grid's KeyDown (its hosts move between cells with it), not to the
     // focus chain.
@@ -1147,56 +1154,58 @@ void FlexGrid::paintEvent(QPaintEvent* event)
     if (!d->redraw)
         return;
     QPainter painter(viewport());
-    d->paint(painter, event->rect());
+    catchingErrors("FlexGrid::paintEvent", [&] { d->paint(painter, event->rect()); });
 }
 
 void FlexGrid::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
-    d->relayout();
-    // A new size shows or hides the bars, which changes the viewport: settled here, not later.
-    if (d->redraw)
-        d->syncScrollBars();
+    catchingErrors("FlexGrid::resizeEvent", [this] {
+        d->relayout();
+        // A new size shows or hides the bars, which changes the viewport: settled here.
+        if (d->redraw)
+            d->syncScrollBars();
+    });
 }
 
 void FlexGrid::scrollContentsBy(int, int)
 {
-    d->scrollFromBars();
+    catchingErrors("FlexGrid::scrollContentsBy", [this] { d->scrollFromBars(); });
 }
 
 void FlexGrid::mousePressEvent(QMouseEvent* event)
 {
-    d->mousePress(event);
+    catchingErrors("FlexGrid::mousePressEvent", [&] { d->mousePress(event); });
 }
 
 void FlexGrid::mouseMoveEvent(QMouseEvent* event)
 {
-    d->mouseMove(event);
+    catchingErrors("FlexGrid::mouseMoveEvent", [&] { d->mouseMove(event); });
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent* event)
 {
-    d->mouseRelease(event);
+    catchingErrors("FlexGrid::mouseReleaseEvent", [&] { d->mouseRelease(event); });
 }
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    d->mouseDoubleClick(event);
+    catchingErrors("FlexGrid::mouseDoubleClickEvent", [&] { d->mouseDoubleClick(event); });
 }
 
 void FlexGrid::wheelEvent(QWheelEvent* event)
 {
-    d->wheel(event);
+    catchingErrors("FlexGrid::wheelEvent", [&] { d->wheel(event); });
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent* event)
 {
-    d->keyPress(event);
+    catchingErrors("FlexGrid::keyPressEvent", [&] { d->keyPress(event); });
 }
 
 void FlexGrid::keyReleaseEvent(QKeyEvent* event)
 {
-    d->keyRelease(event);
+    catchingErrors("FlexGrid::keyReleaseEvent", [&] { d->keyRelease(event); });
 }
 
 void FlexGrid::focusInEvent(QFocusEvent* event)
@@ -1204,7 +1213,7 @@ void FlexGrid::focusInEvent(QFocusEvent* event)
     QAbstractScrollArea::focusInEvent(event);
     if (d->highLight == Flex::flexHighlightWithFocus || d->focusRect != Flex::flexFocusNone)
         d->requestRepaint();
-    Q_EMIT GotFocus();
+    catchingErrors("FlexGrid::focusInEvent", [this] { Q_EMIT GotFocus(); });
 }
 
 void FlexGrid::focusOutEvent(QFocusEvent* event)
@@ -1212,7 +1221,7 @@ void FlexGrid::focusOutEvent(QFocusEvent* event)
     QAbstractScrollArea::focusOutEvent(event);
     if (d->highLight == Flex::flexHighlightWithFocus || d->focusRect != Flex::flexFocusNone)
         d->requestRepaint();
-    Q_EMIT LostFocus();
+    catchingErrors("FlexGrid::focusOutEvent", [this] { Q_EMIT LostFocus(); });
 }
 
 void FlexGrid::connectNotify(const QMetaMethod& signal)
@@ -1228,7 +1237,7 @@ void FlexGrid::connectNotify(const QMetaMethod& signal)
 void FlexGrid::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == d->dragScrollTimer.timerId())
-        d->dragScrollTick();
+        catchingErrors("FlexGrid::timerEvent", [this] { d->dragScrollTick(); });
     else
         QAbstractScrollArea::timerEvent(event);
 }
@@ -1236,10 +1245,12 @@ void FlexGrid::timerEvent(QTimerEvent* event)
 void FlexGrid::changeEvent(QEvent* event)
 {
     QAbstractScrollArea::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        d->refreshMetrics();
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange)
-        d->relayout();
+    catchingErrors("FlexGrid::changeEvent", [&] {
+        if (event->type() == QEvent::FontChange)
+            d->refreshMetrics();
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange)
+            d->relayout();
+    });
 }
 
 } // namespace VemoGridLib

@@ -3,6 +3,7 @@
 
 #include <VemoGridLib/FlexEnums.h>
 
+#include <VemoGridLib/ErrorGuard.h>
 #include <VemoGridLib/OleColor.h>
 #include <VemoGridLib/VemoGridLibExport.h>
 
@@ -30,49 +31,49 @@ class FlexGridPrivate;
 class VEMOGRIDLIB_EXPORT FlexGrid : public QAbstractScrollArea
 {
     Q_OBJECT
-    Q_PROPERTY(int Rows READ Rows WRITE setRows)
-    Q_PROPERTY(int Cols READ Cols WRITE setCols)
-    Q_PROPERTY(int FixedRows READ FixedRows WRITE setFixedRows)
-    Q_PROPERTY(int FixedCols READ FixedCols WRITE setFixedCols)
-    Q_PROPERTY(int Row READ Row WRITE setRow)
-    Q_PROPERTY(int Col READ Col WRITE setCol)
-    Q_PROPERTY(int RowSel READ RowSel WRITE setRowSel)
-    Q_PROPERTY(int ColSel READ ColSel WRITE setColSel)
-    Q_PROPERTY(int TopRow READ TopRow WRITE setTopRow)
-    Q_PROPERTY(int LeftCol READ LeftCol WRITE setLeftCol)
-    Q_PROPERTY(QString Text READ Text WRITE setText)
-    Q_PROPERTY(QString FormatString READ FormatString WRITE setFormatString)
-    Q_PROPERTY(int RowHeightMin READ RowHeightMin WRITE setRowHeightMin)
-    Q_PROPERTY(int FillStyle READ FillStyle WRITE setFillStyle)
-    Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
-    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
-    Q_PROPERTY(quint32 BackColorBkg READ BackColorBkg WRITE setBackColorBkg)
-    Q_PROPERTY(quint32 BackColorFixed READ BackColorFixed WRITE setBackColorFixed)
-    Q_PROPERTY(quint32 ForeColorFixed READ ForeColorFixed WRITE setForeColorFixed)
-    Q_PROPERTY(quint32 BackColorSel READ BackColorSel WRITE setBackColorSel)
-    Q_PROPERTY(quint32 ForeColorSel READ ForeColorSel WRITE setForeColorSel)
-    Q_PROPERTY(quint32 GridColor READ GridColor WRITE setGridColor)
-    Q_PROPERTY(quint32 GridColorFixed READ GridColorFixed WRITE setGridColorFixed)
-    Q_PROPERTY(int GridLines READ GridLines WRITE setGridLines)
-    Q_PROPERTY(int GridLinesFixed READ GridLinesFixed WRITE setGridLinesFixed)
-    Q_PROPERTY(int GridLineWidth READ GridLineWidth WRITE setGridLineWidth)
+    Q_PROPERTY(int Rows READ Rows WRITE guardedSetRows)
+    Q_PROPERTY(int Cols READ Cols WRITE guardedSetCols)
+    Q_PROPERTY(int FixedRows READ FixedRows WRITE guardedSetFixedRows)
+    Q_PROPERTY(int FixedCols READ FixedCols WRITE guardedSetFixedCols)
+    Q_PROPERTY(int Row READ Row WRITE guardedSetRow)
+    Q_PROPERTY(int Col READ Col WRITE guardedSetCol)
+    Q_PROPERTY(int RowSel READ RowSel WRITE guardedSetRowSel)
+    Q_PROPERTY(int ColSel READ ColSel WRITE guardedSetColSel)
+    Q_PROPERTY(int TopRow READ TopRow WRITE guardedSetTopRow)
+    Q_PROPERTY(int LeftCol READ LeftCol WRITE guardedSetLeftCol)
+    Q_PROPERTY(QString Text READ Text WRITE guardedSetText)
+    Q_PROPERTY(QString FormatString READ FormatString WRITE guardedSetFormatString)
+    Q_PROPERTY(int RowHeightMin READ RowHeightMin WRITE guardedSetRowHeightMin)
+    Q_PROPERTY(int FillStyle READ FillStyle WRITE guardedSetFillStyle)
+    Q_PROPERTY(quint32 BackColor READ BackColor WRITE guardedSetBackColor)
+    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE guardedSetForeColor)
+    Q_PROPERTY(quint32 BackColorBkg READ BackColorBkg WRITE guardedSetBackColorBkg)
+    Q_PROPERTY(quint32 BackColorFixed READ BackColorFixed WRITE guardedSetBackColorFixed)
+    Q_PROPERTY(quint32 ForeColorFixed READ ForeColorFixed WRITE guardedSetForeColorFixed)
+    Q_PROPERTY(quint32 BackColorSel READ BackColorSel WRITE guardedSetBackColorSel)
+    Q_PROPERTY(quint32 ForeColorSel READ ForeColorSel WRITE guardedSetForeColorSel)
+    Q_PROPERTY(quint32 GridColor READ GridColor WRITE guardedSetGridColor)
+    Q_PROPERTY(quint32 GridColorFixed READ GridColorFixed WRITE guardedSetGridColorFixed)
+    Q_PROPERTY(int GridLines READ GridLines WRITE guardedSetGridLines)
+    Q_PROPERTY(int GridLinesFixed READ GridLinesFixed WRITE guardedSetGridLinesFixed)
+    Q_PROPERTY(int GridLineWidth READ GridLineWidth WRITE guardedSetGridLineWidth)
     Q_PROPERTY(QFont Font READ Font WRITE setFont)
-    Q_PROPERTY(QFont FontFixed READ FontFixed WRITE setFontFixed)
-    Q_PROPERTY(int FocusRect READ FocusRect WRITE setFocusRect)
-    Q_PROPERTY(int HighLight READ HighLight WRITE setHighLight)
-    Q_PROPERTY(int TextStyle READ TextStyle WRITE setTextStyle)
-    Q_PROPERTY(int TextStyleFixed READ TextStyleFixed WRITE setTextStyleFixed)
-    Q_PROPERTY(bool WordWrap READ WordWrap WRITE setWordWrap)
-    Q_PROPERTY(int MergeCells READ MergeCells WRITE setMergeCells)
-    Q_PROPERTY(int SelectionMode READ SelectionMode WRITE setSelectionMode)
-    Q_PROPERTY(bool AllowBigSelection READ AllowBigSelection WRITE setAllowBigSelection)
-    Q_PROPERTY(int AllowUserResizing READ AllowUserResizing WRITE setAllowUserResizing)
-    Q_PROPERTY(int ScrollBars READ ScrollBars WRITE setScrollBars)
-    Q_PROPERTY(bool ScrollTrack READ ScrollTrack WRITE setScrollTrack)
-    Q_PROPERTY(bool Redraw READ Redraw WRITE setRedraw)
-    Q_PROPERTY(int MousePointer READ MousePointer WRITE setMousePointer)
-    Q_PROPERTY(int PictureType READ PictureType WRITE setPictureType)
-    Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE setDataSource)
+    Q_PROPERTY(QFont FontFixed READ FontFixed WRITE guardedSetFontFixed)
+    Q_PROPERTY(int FocusRect READ FocusRect WRITE guardedSetFocusRect)
+    Q_PROPERTY(int HighLight READ HighLight WRITE guardedSetHighLight)
+    Q_PROPERTY(int TextStyle READ TextStyle WRITE guardedSetTextStyle)
+    Q_PROPERTY(int TextStyleFixed READ TextStyleFixed WRITE guardedSetTextStyleFixed)
+    Q_PROPERTY(bool WordWrap READ WordWrap WRITE guardedSetWordWrap)
+    Q_PROPERTY(int MergeCells READ MergeCells WRITE guardedSetMergeCells)
+    Q_PROPERTY(int SelectionMode READ SelectionMode WRITE guardedSetSelectionMode)
+    Q_PROPERTY(bool AllowBigSelection READ AllowBigSelection WRITE guardedSetAllowBigSelection)
+    Q_PROPERTY(int AllowUserResizing READ AllowUserResizing WRITE guardedSetAllowUserResizing)
+    Q_PROPERTY(int ScrollBars READ ScrollBars WRITE guardedSetScrollBars)
+    Q_PROPERTY(bool ScrollTrack READ ScrollTrack WRITE guardedSetScrollTrack)
+    Q_PROPERTY(bool Redraw READ Redraw WRITE guardedSetRedraw)
+    Q_PROPERTY(int MousePointer READ MousePointer WRITE guardedSetMousePointer)
+    Q_PROPERTY(int PictureType READ PictureType WRITE guardedSetPictureType)
+    Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE guardedSetDataSource)
 
 public:
     explicit FlexGrid(QWidget* parent = nullptr);
@@ -363,6 +364,49 @@ protected:
     void connectNotify(const QMetaMethod& signal) override;
 
 private:
+    // The writers moc calls for the properties above (VemoGridLib/ErrorGuard.h).
+    VEMO_GUARDED_WRITE(int, Rows);
+    VEMO_GUARDED_WRITE(int, Cols);
+    VEMO_GUARDED_WRITE(int, FixedRows);
+    VEMO_GUARDED_WRITE(int, FixedCols);
+    VEMO_GUARDED_WRITE(int, Row);
+    VEMO_GUARDED_WRITE(int, Col);
+    VEMO_GUARDED_WRITE(int, RowSel);
+    VEMO_GUARDED_WRITE(int, ColSel);
+    VEMO_GUARDED_WRITE(int, TopRow);
+    VEMO_GUARDED_WRITE(int, LeftCol);
+    VEMO_GUARDED_WRITE(QString, Text);
+    VEMO_GUARDED_WRITE(QString, FormatString);
+    VEMO_GUARDED_WRITE(int, RowHeightMin);
+    VEMO_GUARDED_WRITE(int, FillStyle);
+    VEMO_GUARDED_WRITE(quint32, BackColor);
+    VEMO_GUARDED_WRITE(quint32, ForeColor);
+    VEMO_GUARDED_WRITE(quint32, BackColorBkg);
+    VEMO_GUARDED_WRITE(quint32, BackColorFixed);
+    VEMO_GUARDED_WRITE(quint32, ForeColorFixed);
+    VEMO_GUARDED_WRITE(quint32, BackColorSel);
+    VEMO_GUARDED_WRITE(quint32, ForeColorSel);
+    VEMO_GUARDED_WRITE(quint32, GridColor);
+    VEMO_GUARDED_WRITE(quint32, GridColorFixed);
+    VEMO_GUARDED_WRITE(int, GridLines);
+    VEMO_GUARDED_WRITE(int, GridLinesFixed);
+    VEMO_GUARDED_WRITE(int, GridLineWidth);
+    VEMO_GUARDED_WRITE(QFont, FontFixed);
+    VEMO_GUARDED_WRITE(int, FocusRect);
+    VEMO_GUARDED_WRITE(int, HighLight);
+    VEMO_GUARDED_WRITE(int, TextStyle);
+    VEMO_GUARDED_WRITE(int, TextStyleFixed);
+    VEMO_GUARDED_WRITE(bool, WordWrap);
+    VEMO_GUARDED_WRITE(int, MergeCells);
+    VEMO_GUARDED_WRITE(int, SelectionMode);
+    VEMO_GUARDED_WRITE(bool, AllowBigSelection);
+    VEMO_GUARDED_WRITE(int, AllowUserResizing);
+    VEMO_GUARDED_WRITE(int, ScrollBars);
+    VEMO_GUARDED_WRITE(bool, ScrollTrack);
+    VEMO_GUARDED_WRITE(bool, Redraw);
+    VEMO_GUARDED_WRITE(int, MousePointer);
+    VEMO_GUARDED_WRITE(int, PictureType);
+    VEMO_GUARDED_WRITE(QAbstractItemModel*, DataSource);
     friend class FlexGridPrivate;
     std::unique_ptr<FlexGridPrivate> d;
 };

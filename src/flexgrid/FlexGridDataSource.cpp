@@ -2,6 +2,8 @@
 // top-level table and follow its change signals.
 #include "flexgrid/FlexGrid_p.h"
 
+#include "common/ErrorGuard.h"
+
 #include <QAbstractItemModel>
 
 #include <algorithm>
@@ -187,23 +189,26 @@ void followHeaders(FlexGridPrivate& grid, const QAbstractItemModel& model,
 
 } // namespace
 
-// The handlers hold the raw model pointer: a connection lives no longer than its sender.
+// The handlers hold the raw model pointer: a connection lives no longer than its sender. They
+// run inside the model's signals, so an error (a cell-event handler refusing a move) is reported
+// there and goes no further.
 void FlexGridPrivate::bindModel(QAbstractItemModel* model)
 {
     Q_ASSERT(model);
     dataSource = model;
+    static constexpr const char* Where = "FlexGrid DataSource";
     const auto refillAll = [this, model] {
-        refill(*this, *model);
+        catchingErrors(Where, [&] { refill(*this, *model); });
     };
     // Child tables of a tree model have columns of their own that the grid does not show.
     const auto refillForColumns = [this, model](const QModelIndex& parent) {
         if (isTopLevel(parent))
-            refill(*this, *model);
+            catchingErrors(Where, [&] { refill(*this, *model); });
     };
     const auto refillForMovedRows = [this, model](const QModelIndex& from, int, int,
                                                   const QModelIndex& to) {
         if (isTopLevel(from) || isTopLevel(to))
-            refill(*this, *model);
+            catchingErrors(Where, [&] { refill(*this, *model); });
     };
     modelConnections = {
         QObject::connect(model, &QAbstractItemModel::modelReset, q, refillAll),
@@ -214,23 +219,32 @@ void FlexGridPrivate::bindModel(QAbstractItemModel* model)
         QObject::connect(model, &QAbstractItemModel::rowsMoved, q, refillForMovedRows),
         QObject::connect(model, &QAbstractItemModel::rowsInserted, q,
                          [this, model](const QModelIndex& parent, int first, int last) {
-                             followRows(*this, *model, parent, first, last, true);
+                             catchingErrors(Where, [&] {
+                                 followRows(*this, *model, parent, first, last, true);
+                             });
                          }),
         QObject::connect(model, &QAbstractItemModel::rowsRemoved, q,
                          [this, model](const QModelIndex& parent, int first, int last) {
-                             followRows(*this, *model, parent, first, last, false);
+                             catchingErrors(Where, [&] {
+                                 followRows(*this, *model, parent, first, last, false);
+                             });
                          }),
         QObject::connect(model, &QAbstractItemModel::dataChanged, q,
                          [this, model](const QModelIndex& topLeft, const QModelIndex& bottomRight,
                                        const QList<int>& roles) {
-                             followData(*this, *model, topLeft, bottomRight, roles);
+                             catchingErrors(Where, [&] {
+                                 followData(*this, *model, topLeft, bottomRight, roles);
+                             });
                          }),
         QObject::connect(model, &QAbstractItemModel::headerDataChanged, q,
                          [this, model](Qt::Orientation orientation, int first, int last) {
-                             followHeaders(*this, *model, orientation, first, last);
+                             catchingErrors(Where, [&] {
+                                 followHeaders(*this, *model, orientation, first, last);
+                             });
                          }),
     };
-    refillAll();
+    // Binding is a direct call: its errors reach the caller.
+    refill(*this, *model);
 }
 
 // A destroyed model needs no handling here: Qt drops its connections and the QPointer clears,

@@ -4,6 +4,7 @@
 #include "flexgrid/FlexGrid.h"
 #include "flexgrid/FlexGrid_p.h"
 
+#include "common/ErrorGuard.h"
 #include "common/Twips.h"
 
 #include <QFontMetrics>
@@ -340,7 +341,7 @@ void FlexGridPrivate::updateScrollBars()
         q,
         [this] {
             scrollBarSyncQueued = false;
-            syncScrollBars();
+            catchingErrors("FlexGrid scroll bars", [this] { syncScrollBars(); });
         },
         Qt::QueuedConnection);
 }

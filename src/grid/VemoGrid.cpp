@@ -212,8 +212,14 @@ void VemoGridPrivate::leaveCell()
     }
 }
 
-void VemoGridPrivate::leaveThenMove(const std::function<void()>& move)
+void VemoGridPrivate::leaveThenMove(bool accepted, const std::function<void()>& move)
 {
+    // A move the hosted grid refuses runs alone: it throws before anything changes, and no
+    // leave-cell work is done for a cell that is not left.
+    if (!accepted) {
+        move();
+        return;
+    }
     leaveCell();
     // The hosted grid's own LeaveCell for this move is the step just run, not a second one.
     leaveAlreadyDone = true;
@@ -299,17 +305,17 @@ void VemoGridPrivate::hostedRowColChange()
 void VemoGridPrivate::connectHostedGrid()
 {
     cells.setCellEventSink(this);
-    QObject::connect(flex, &FlexGrid::Click, q, [this] {
-        try {
-            onHostedClick();
-        } catch (const VemoError&) {
-        }
-    });
+    // The relays run inside the hosted grid's events: an error is reported and goes no further
+    // (the signal-to-signal relays below are covered by the hosted grid's own event handlers).
+    QObject::connect(flex, &FlexGrid::Click, q,
+                     [this] { catchingErrors("VemoGrid Click", [this] { onHostedClick(); }); });
     QObject::connect(flex, &FlexGrid::DblClick, q, &VemoGrid::DblClick);
     QObject::connect(flex, &FlexGrid::Scroll, q, [this] {
-        Q_EMIT q->Scroll();
-        if (!editorShowing)
-            commitEdit();
+        catchingErrors("VemoGrid Scroll", [this] {
+            Q_EMIT q->Scroll();
+            if (!editorShowing)
+                commitEdit();
+        });
     });
     QObject::connect(flex, &FlexGrid::KeyDown, q, &VemoGrid::KeyDown);
     QObject::connect(flex, &FlexGrid::KeyPress, q, &VemoGrid::KeyPress);
@@ -320,7 +326,9 @@ void VemoGridPrivate::connectHostedGrid()
     // stack read at every relayed event).
     const auto relayMouse = [grid = q](MouseSignal signal) {
         return [grid, signal](short button, short shift, float x, float y) {
-            Q_EMIT(grid->*signal)(button, shift, x, y);
+            catchingErrors("VemoGrid mouse event", [&] {
+                Q_EMIT(grid->*signal)(button, shift, x, y);
+            });
         };
     };
     QObject::connect(flex, &FlexGrid::MouseDown, q, relayMouse(&VemoGrid::MouseDown));
@@ -354,7 +362,12 @@ VemoGrid::~VemoGrid()
     d->columns.clear();
 }
 
-FlexGrid* VemoGrid::hostedGrid() const
+const FlexGrid* VemoGrid::hostedGrid() const
+{
+    return d->flex;
+}
+
+FlexGrid* VemoGrid::hostedGrid()
 {
     return d->flex;
 }
@@ -372,16 +385,18 @@ void VemoGrid::setUserMode(bool userMode)
 void VemoGrid::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    d->layoutHostedGrid();
+    catchingErrors("VemoGrid::resizeEvent", [this] { d->layoutHostedGrid(); });
 }
 
 void VemoGrid::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange)
-        d->changed(QStringLiteral("Enabled"));
-    else if (event->type() == QEvent::FontChange)
-        d->changed(QStringLiteral("Font"));
+    catchingErrors("VemoGrid::changeEvent", [&] {
+        if (event->type() == QEvent::EnabledChange)
+            d->changed(QStringLiteral("Enabled"));
+        else if (event->type() == QEvent::FontChange)
+            d->changed(QStringLiteral("Font"));
+    });
 }
 
 // ---- structure ----------------------------------------------------------------------------------
@@ -446,7 +461,7 @@ int VemoGrid::Row() const
 
 void VemoGrid::setRow(int row)
 {
-    d->leaveThenMove([this, row] { d->flex->setRow(row); });
+    d->leaveThenMove(row >= 0 && row < d->flex->Rows(), [this, row] { d->flex->setRow(row); });
 }
 
 int VemoGrid::Col() const
@@ -456,7 +471,7 @@ int VemoGrid::Col() const
 
 void VemoGrid::setCol(int col)
 {
-    d->leaveThenMove([this, col] { d->flex->setCol(col); });
+    d->leaveThenMove(col >= 0 && col < d->flex->Cols(), [this, col] { d->flex->setCol(col); });
 }
 
 int VemoGrid::Rowsel() const

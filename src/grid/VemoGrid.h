@@ -3,6 +3,7 @@
 
 #include <VemoGridLib/Column.h>
 
+#include <VemoGridLib/ErrorGuard.h>
 #include <VemoGridLib/OleColor.h>
 #include <VemoGridLib/VemoEnums.h>
 #include <VemoGridLib/VemoGridLibExport.h>
@@ -42,61 +43,62 @@ class VemoGridPrivate;
 class VEMOGRIDLIB_EXPORT VemoGrid : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(int Rows READ Rows WRITE setRows)
-    Q_PROPERTY(int Cols READ Cols WRITE setCols)
-    Q_PROPERTY(int FixedRows READ FixedRows WRITE setFixedRows)
-    Q_PROPERTY(int FixedCols READ FixedCols WRITE setFixedCols)
-    Q_PROPERTY(QString FormatString READ FormatString WRITE setFormatString)
+    Q_PROPERTY(int Rows READ Rows WRITE guardedSetRows)
+    Q_PROPERTY(int Cols READ Cols WRITE guardedSetCols)
+    Q_PROPERTY(int FixedRows READ FixedRows WRITE guardedSetFixedRows)
+    Q_PROPERTY(int FixedCols READ FixedCols WRITE guardedSetFixedCols)
+    Q_PROPERTY(QString FormatString READ FormatString WRITE guardedSetFormatString)
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
-    Q_PROPERTY(int Appearance READ Appearance WRITE setAppearance)
-    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE setBorderStyle)
-    Q_PROPERTY(quint32 BackColor1 READ BackColor1 WRITE setBackColor1)
-    Q_PROPERTY(quint32 BackColor2 READ BackColor2 WRITE setBackColor2)
-    Q_PROPERTY(quint32 ReadOnlyColor READ ReadOnlyColor WRITE setReadOnlyColor)
-    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
-    Q_PROPERTY(quint32 BackColorBkg READ BackColorBkg WRITE setBackColorBkg)
-    Q_PROPERTY(quint32 BackColorFixed READ BackColorFixed WRITE setBackColorFixed)
-    Q_PROPERTY(quint32 BackColorSel READ BackColorSel WRITE setBackColorSel)
-    Q_PROPERTY(quint32 ForeColorSel READ ForeColorSel WRITE setForeColorSel)
-    Q_PROPERTY(quint32 ForeColorFixed READ ForeColorFixed WRITE setForeColorFixed)
-    Q_PROPERTY(quint32 GridColor READ GridColor WRITE setGridColor)
-    Q_PROPERTY(quint32 GridColorFixed READ GridColorFixed WRITE setGridColorFixed)
-    Q_PROPERTY(int GridLines READ GridLines WRITE setGridLines)
-    Q_PROPERTY(int GridLinesFixed READ GridLinesFixed WRITE setGridLinesFixed)
-    Q_PROPERTY(int GridLineWidth READ GridLineWidth WRITE setGridLineWidth)
-    Q_PROPERTY(int CellAppearance READ CellAppearance WRITE setCellAppearance)
-    Q_PROPERTY(int CellBorderStyle READ CellBorderStyle WRITE setCellBorderStyle)
+    Q_PROPERTY(int Appearance READ Appearance WRITE guardedSetAppearance)
+    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE guardedSetBorderStyle)
+    Q_PROPERTY(quint32 BackColor1 READ BackColor1 WRITE guardedSetBackColor1)
+    Q_PROPERTY(quint32 BackColor2 READ BackColor2 WRITE guardedSetBackColor2)
+    Q_PROPERTY(quint32 ReadOnlyColor READ ReadOnlyColor WRITE guardedSetReadOnlyColor)
+    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE guardedSetForeColor)
+    Q_PROPERTY(quint32 BackColorBkg READ BackColorBkg WRITE guardedSetBackColorBkg)
+    Q_PROPERTY(quint32 BackColorFixed READ BackColorFixed WRITE guardedSetBackColorFixed)
+    Q_PROPERTY(quint32 BackColorSel READ BackColorSel WRITE guardedSetBackColorSel)
+    Q_PROPERTY(quint32 ForeColorSel READ ForeColorSel WRITE guardedSetForeColorSel)
+    Q_PROPERTY(quint32 ForeColorFixed READ ForeColorFixed WRITE guardedSetForeColorFixed)
+    Q_PROPERTY(quint32 GridColor READ GridColor WRITE guardedSetGridColor)
+    Q_PROPERTY(quint32 GridColorFixed READ GridColorFixed WRITE guardedSetGridColorFixed)
+    Q_PROPERTY(int GridLines READ GridLines WRITE guardedSetGridLines)
+    Q_PROPERTY(int GridLinesFixed READ GridLinesFixed WRITE guardedSetGridLinesFixed)
+    Q_PROPERTY(int GridLineWidth READ GridLineWidth WRITE guardedSetGridLineWidth)
+    Q_PROPERTY(int CellAppearance READ CellAppearance WRITE guardedSetCellAppearance)
+    Q_PROPERTY(int CellBorderStyle READ CellBorderStyle WRITE guardedSetCellBorderStyle)
     Q_PROPERTY(QFont Font READ Font WRITE setFont)
-    Q_PROPERTY(QFont FontFixed READ FontFixed WRITE setFontFixed)
-    Q_PROPERTY(int FocusRect READ FocusRect WRITE setFocusRect)
-    Q_PROPERTY(int MergeCells READ MergeCells WRITE setMergeCells)
-    Q_PROPERTY(int SelectionMode READ SelectionMode WRITE setSelectionMode)
-    Q_PROPERTY(bool WordWrap READ WordWrap WRITE setWordWrap)
-    Q_PROPERTY(int TextStyle READ TextStyle WRITE setTextStyle)
-    Q_PROPERTY(int TextStyleFixed READ TextStyleFixed WRITE setTextStyleFixed)
-    Q_PROPERTY(int ScrollBars READ ScrollBars WRITE setScrollBars)
-    Q_PROPERTY(bool ScrollTrack READ ScrollTrack WRITE setScrollTrack)
-    Q_PROPERTY(int HighLight READ HighLight WRITE setHighLight)
-    Q_PROPERTY(bool AllowBigSelection READ AllowBigSelection WRITE setAllowBigSelection)
-    Q_PROPERTY(int AllowUserResizing READ AllowUserResizing WRITE setAllowUserResizing)
-    Q_PROPERTY(bool EditEnable READ EditEnable WRITE setEditEnable)
-    Q_PROPERTY(bool Sortable READ Sortable WRITE setSortable)
-    Q_PROPERTY(bool NullLine READ NullLine WRITE setNullLine)
-    Q_PROPERTY(bool AutoGrow READ AutoGrow WRITE setAutoGrow)
-    Q_PROPERTY(bool AssignCellColorSel READ AssignCellColorSel WRITE setAssignCellColorSel)
-    Q_PROPERTY(quint32 CellBackColorSel READ CellBackColorSel WRITE setCellBackColorSel)
-    Q_PROPERTY(quint32 CellForeColorSel READ CellForeColorSel WRITE setCellForeColorSel)
-    Q_PROPERTY(int AutoCalc1 READ AutoCalc1 WRITE setAutoCalc1)
-    Q_PROPERTY(int AutoCalc2 READ AutoCalc2 WRITE setAutoCalc2)
-    Q_PROPERTY(int AutoCalcRES READ AutoCalcRES WRITE setAutoCalcRES)
-    Q_PROPERTY(QString AutoCalcOPE READ AutoCalcOPE WRITE setAutoCalcOPE)
-    Q_PROPERTY(VemoGridLib::VemoGridScrollType ScrollType READ ScrollType WRITE setScrollType)
-    Q_PROPERTY(short ScrollNum READ ScrollNum WRITE setScrollNum)
-    Q_PROPERTY(bool LunarCalendar READ LunarCalendar WRITE setLunarCalendar)
-    Q_PROPERTY(bool Redraw READ Redraw WRITE setRedraw)
-    Q_PROPERTY(bool UserMode READ UserMode WRITE setUserMode)
-    Q_PROPERTY(QVariant Tag READ Tag WRITE setTag)
-    Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE setDataSource)
+    Q_PROPERTY(QFont FontFixed READ FontFixed WRITE guardedSetFontFixed)
+    Q_PROPERTY(int FocusRect READ FocusRect WRITE guardedSetFocusRect)
+    Q_PROPERTY(int MergeCells READ MergeCells WRITE guardedSetMergeCells)
+    Q_PROPERTY(int SelectionMode READ SelectionMode WRITE guardedSetSelectionMode)
+    Q_PROPERTY(bool WordWrap READ WordWrap WRITE guardedSetWordWrap)
+    Q_PROPERTY(int TextStyle READ TextStyle WRITE guardedSetTextStyle)
+    Q_PROPERTY(int TextStyleFixed READ TextStyleFixed WRITE guardedSetTextStyleFixed)
+    Q_PROPERTY(int ScrollBars READ ScrollBars WRITE guardedSetScrollBars)
+    Q_PROPERTY(bool ScrollTrack READ ScrollTrack WRITE guardedSetScrollTrack)
+    Q_PROPERTY(int HighLight READ HighLight WRITE guardedSetHighLight)
+    Q_PROPERTY(bool AllowBigSelection READ AllowBigSelection WRITE guardedSetAllowBigSelection)
+    Q_PROPERTY(int AllowUserResizing READ AllowUserResizing WRITE guardedSetAllowUserResizing)
+    Q_PROPERTY(bool EditEnable READ EditEnable WRITE guardedSetEditEnable)
+    Q_PROPERTY(bool Sortable READ Sortable WRITE guardedSetSortable)
+    Q_PROPERTY(bool NullLine READ NullLine WRITE guardedSetNullLine)
+    Q_PROPERTY(bool AutoGrow READ AutoGrow WRITE guardedSetAutoGrow)
+    Q_PROPERTY(bool AssignCellColorSel READ AssignCellColorSel WRITE guardedSetAssignCellColorSel)
+    Q_PROPERTY(quint32 CellBackColorSel READ CellBackColorSel WRITE guardedSetCellBackColorSel)
+    Q_PROPERTY(quint32 CellForeColorSel READ CellForeColorSel WRITE guardedSetCellForeColorSel)
+    Q_PROPERTY(int AutoCalc1 READ AutoCalc1 WRITE guardedSetAutoCalc1)
+    Q_PROPERTY(int AutoCalc2 READ AutoCalc2 WRITE guardedSetAutoCalc2)
+    Q_PROPERTY(int AutoCalcRES READ AutoCalcRES WRITE guardedSetAutoCalcRES)
+    Q_PROPERTY(QString AutoCalcOPE READ AutoCalcOPE WRITE guardedSetAutoCalcOPE)
+    Q_PROPERTY(
+        VemoGridLib::VemoGridScrollType ScrollType READ ScrollType WRITE guardedSetScrollType)
+    Q_PROPERTY(short ScrollNum READ ScrollNum WRITE guardedSetScrollNum)
+    Q_PROPERTY(bool LunarCalendar READ LunarCalendar WRITE guardedSetLunarCalendar)
+    Q_PROPERTY(bool Redraw READ Redraw WRITE guardedSetRedraw)
+    Q_PROPERTY(bool UserMode READ UserMode WRITE guardedSetUserMode)
+    Q_PROPERTY(QVariant Tag READ Tag WRITE guardedSetTag)
+    Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE guardedSetDataSource)
 
 public:
     /// Creates the hosted grid 2 × 2 with one fixed row and column, every field at
@@ -106,7 +108,8 @@ public:
     ~VemoGrid() override;
 
     /// The hosted cell surface `MSHFlexGrid1`, for reading; change cells through the grid.
-    FlexGrid* hostedGrid() const;
+    const FlexGrid* hostedGrid() const;
+    FlexGrid* hostedGrid();
 
     // ---- container: ambient properties and saved settings ----------------------------
     /// Ambient `UserMode`: true (default) at run time, false at design time. At design time
@@ -332,10 +335,11 @@ public:
     void setCellPicture(const QPixmap& picture);
     int CellPictureAlignment() const;
     void setCellPictureAlignment(int alignment);
-    int CellLeft() const;
-    int CellTop() const;
-    int CellWidth() const;
-    int CellHeight() const;
+    /// Reading one scrolls the current cell into view first (may fire Scroll).
+    int CellLeft();
+    int CellTop();
+    int CellWidth();
+    int CellHeight();
     bool ColIsVisible(int Index) const;
     bool RowIsVisible(int Index) const;
     int ColPos(int Index) const;
@@ -440,6 +444,60 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    // The writers moc calls for the properties above (VemoGridLib/ErrorGuard.h).
+    VEMO_GUARDED_WRITE(int, Rows);
+    VEMO_GUARDED_WRITE(int, Cols);
+    VEMO_GUARDED_WRITE(int, FixedRows);
+    VEMO_GUARDED_WRITE(int, FixedCols);
+    VEMO_GUARDED_WRITE(QString, FormatString);
+    VEMO_GUARDED_WRITE(int, Appearance);
+    VEMO_GUARDED_WRITE(int, BorderStyle);
+    VEMO_GUARDED_WRITE(quint32, BackColor1);
+    VEMO_GUARDED_WRITE(quint32, BackColor2);
+    VEMO_GUARDED_WRITE(quint32, ReadOnlyColor);
+    VEMO_GUARDED_WRITE(quint32, ForeColor);
+    VEMO_GUARDED_WRITE(quint32, BackColorBkg);
+    VEMO_GUARDED_WRITE(quint32, BackColorFixed);
+    VEMO_GUARDED_WRITE(quint32, BackColorSel);
+    VEMO_GUARDED_WRITE(quint32, ForeColorSel);
+    VEMO_GUARDED_WRITE(quint32, ForeColorFixed);
+    VEMO_GUARDED_WRITE(quint32, GridColor);
+    VEMO_GUARDED_WRITE(quint32, GridColorFixed);
+    VEMO_GUARDED_WRITE(int, GridLines);
+    VEMO_GUARDED_WRITE(int, GridLinesFixed);
+    VEMO_GUARDED_WRITE(int, GridLineWidth);
+    VEMO_GUARDED_WRITE(int, CellAppearance);
+    VEMO_GUARDED_WRITE(int, CellBorderStyle);
+    VEMO_GUARDED_WRITE(QFont, FontFixed);
+    VEMO_GUARDED_WRITE(int, FocusRect);
+    VEMO_GUARDED_WRITE(int, MergeCells);
+    VEMO_GUARDED_WRITE(int, SelectionMode);
+    VEMO_GUARDED_WRITE(bool, WordWrap);
+    VEMO_GUARDED_WRITE(int, TextStyle);
+    VEMO_GUARDED_WRITE(int, TextStyleFixed);
+    VEMO_GUARDED_WRITE(int, ScrollBars);
+    VEMO_GUARDED_WRITE(bool, ScrollTrack);
+    VEMO_GUARDED_WRITE(int, HighLight);
+    VEMO_GUARDED_WRITE(bool, AllowBigSelection);
+    VEMO_GUARDED_WRITE(int, AllowUserResizing);
+    VEMO_GUARDED_WRITE(bool, EditEnable);
+    VEMO_GUARDED_WRITE(bool, Sortable);
+    VEMO_GUARDED_WRITE(bool, NullLine);
+    VEMO_GUARDED_WRITE(bool, AutoGrow);
+    VEMO_GUARDED_WRITE(bool, AssignCellColorSel);
+    VEMO_GUARDED_WRITE(quint32, CellBackColorSel);
+    VEMO_GUARDED_WRITE(quint32, CellForeColorSel);
+    VEMO_GUARDED_WRITE(int, AutoCalc1);
+    VEMO_GUARDED_WRITE(int, AutoCalc2);
+    VEMO_GUARDED_WRITE(int, AutoCalcRES);
+    VEMO_GUARDED_WRITE(QString, AutoCalcOPE);
+    VEMO_GUARDED_WRITE(VemoGridLib::VemoGridScrollType, ScrollType);
+    VEMO_GUARDED_WRITE(short, ScrollNum);
+    VEMO_GUARDED_WRITE(bool, LunarCalendar);
+    VEMO_GUARDED_WRITE(bool, Redraw);
+    VEMO_GUARDED_WRITE(bool, UserMode);
+    VEMO_GUARDED_WRITE(QVariant, Tag);
+    VEMO_GUARDED_WRITE(QAbstractItemModel*, DataSource);
     friend class VemoGridPrivate;
     std::unique_ptr<VemoGridPrivate> d;
 };

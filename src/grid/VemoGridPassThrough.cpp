@@ -466,22 +466,22 @@ void VemoGrid::setMergeCol(int Col, bool value)
     d->changed(QStringLiteral("MergeCol"));
 }
 
-int VemoGrid::CellLeft() const
+int VemoGrid::CellLeft()
 {
     return d->flex->CellLeft();
 }
 
-int VemoGrid::CellTop() const
+int VemoGrid::CellTop()
 {
     return d->flex->CellTop();
 }
 
-int VemoGrid::CellWidth() const
+int VemoGrid::CellWidth()
 {
     return d->flex->CellWidth();
 }
 
-int VemoGrid::CellHeight() const
+int VemoGrid::CellHeight()
 {
     return d->flex->CellHeight();
 }

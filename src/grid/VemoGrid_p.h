@@ -164,8 +164,9 @@ public:
     /// The leave-cell step: unless events are suppressed, `LeaveCell`, then
     /// with `EditEnable` the editor commit and the auto-calculation.
     void leaveCell();
-    /// The grid's own `Row`/`Col` setters: the leave-cell step, then `move` of the hosted cell.
-    void leaveThenMove(const std::function<void()>& move);
+    /// The grid's own `Row`/`Col` setters: the leave-cell step, then `move` of the hosted cell;
+    /// a move not `accepted` (outside the grid) is refused before the leave-cell step.
+    void leaveThenMove(bool accepted, const std::function<void()>& move);
     /// The editor commit. With no editor open (until the cell editors arrive, always)
     /// it does nothing, and nothing while events are suppressed.
     void commitEdit();
