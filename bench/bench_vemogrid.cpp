@@ -710,7 +710,8 @@ void readCellsOnly(benchmark::State& state)
 {
     VemoGrid grid;
     buildExportGrid(grid);
-    const VemoGridLib::FlexCellStore& cells = FlexGridPrivate::get(grid.hostedGrid())->store;
+    const VemoGridLib::FlexCellStore& cells =
+        VemoGridLib::FlexGridPrivate::get(grid.hostedGrid())->store;
     const int rows = grid.Rows();
     for (auto _ : state) {
         const ThreadCpuTimer timer;
