@@ -7,6 +7,7 @@
 #include <QJsonObject>
 #include <QJsonParseError>
 #include <QJsonValue>
+#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -156,6 +157,31 @@ const JsonType* jsonTypeNamed(const QString& name)
     return found == std::end(JsonTypes) ? nullptr : found;
 }
 
+// A number as its shortest text that reads back exactly.
+QString exactNumber(double value)
+{
+    return QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
+// QFont::toString with its size and spacings exact: it writes them with six significant
+// digits, so a font of 12.3456789 points would come back as 12.3457. The layout stays
+// QFont::fromString's: the family, then the point size, ..., the letter spacing at the 12th
+// field after the family and the word spacing at the 13th.
+QString exactFontText(const QFont& font)
+{
+    const QString text = font.toString();
+    const qsizetype familyEnd = font.family().size();
+    if (!text.startsWith(font.family() + u','))
+        return text;
+    QStringList fields = text.mid(familyEnd + 1).split(u',');
+    if (fields.size() < 13)
+        return text;
+    fields[0] = exactNumber(font.pointSizeF());
+    fields[11] = exactNumber(font.letterSpacing());
+    fields[12] = exactNumber(font.wordSpacing());
+    return text.left(familyEnd + 1) + fields.join(u',');
+}
+
 // The JSON value of a stored value, or nothing when its type has no JSON form.
 std::optional<QJsonValue> toJsonValue(const QVariant& value)
 {
@@ -177,7 +203,7 @@ std::optional<QJsonValue> toJsonValue(const QVariant& value)
     case QMetaType::QString:
         return QJsonValue(value.toString());
     default: // QMetaType::QFont
-        return QJsonValue(qvariant_cast<QFont>(value).toString());
+        return QJsonValue(exactFontText(qvariant_cast<QFont>(value)));
     }
 }
 
@@ -212,10 +238,14 @@ QVariant fromJsonValue(const QJsonValue& json, QMetaType::Type type)
         const auto number = integralIn(json, 0, std::numeric_limits<quint32>::max());
         return number ? QVariant::fromValue(quint32(*number)) : QVariant();
     }
-    case QMetaType::Float:
-        return json.isDouble() ? QVariant::fromValue(float(json.toDouble())) : QVariant();
+    // Beyond a float's range a number would turn infinite, which the saved form cannot hold.
+    case QMetaType::Float: {
+        const auto number = float(json.toDouble());
+        return json.isDouble() && std::isfinite(number) ? QVariant::fromValue(number) : QVariant();
+    }
     case QMetaType::Double:
-        return json.isDouble() ? QVariant(json.toDouble()) : QVariant();
+        return json.isDouble() && std::isfinite(json.toDouble()) ? QVariant(json.toDouble())
+                                                                 : QVariant();
     case QMetaType::QString:
         return json.isString() ? QVariant(json.toString()) : QVariant();
     default: { // QMetaType::QFont

@@ -58,15 +58,16 @@ public:
     /// `{"properties": [{"name": "Cols", "type": "int32", "value": 5}, ...]}`. Types and their
     /// JSON values: "bool" (true/false), "int16", "int32", "uint32" (OLE colours, exact) as
     /// integral numbers, "float" and "double" as numbers, "string" as a string, "font" as the
-    /// string of `QFont::toString()`. Values of any other type — objects such as a
-    /// "DataSource" model, pictures, null values, non-finite numbers — cannot be saved and are
-    /// left out; their names are appended to `leftOut` when it is given.
+    /// string of `QFont::toString()` with its point size and spacings written exactly. Values of
+    /// any other type — objects such as a "DataSource" model, pictures, null values, non-finite
+    /// numbers — cannot be saved and are left out; their names are appended to `leftOut` when it is
+    /// given.
     QByteArray toJson(QStringList* leftOut = nullptr) const;
     /// Restores from `toJson`'s form, with every value back in its own type and the
     /// order kept (a name given twice keeps its first place and its last value). Anything
     /// malformed — not JSON, a missing field, an unknown type, a value that does not fit its
-    /// type such as an "int16" of 40000 — gives an empty bag and a description in `error`
-    /// (when given); on success `error` is cleared.
+    /// type such as an "int16" of 40000 or a "float" of -1e39 — gives an empty bag and a
+    /// description in `error` (when given); on success `error` is cleared.
     static MemoryPropertyBag fromJson(const QByteArray& json, QString* error = nullptr);
 
 private:

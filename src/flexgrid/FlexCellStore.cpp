@@ -11,6 +11,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <new>
 
 namespace VemoGridLib {
 
@@ -366,8 +367,29 @@ struct FlexCellStore::Private
     }
 
     // ---- storage rows --------------------------------------------------------------------
+    /// Makes room for `size` elements, doubling as resize would, so that the resizes that
+    /// follow cannot fail half way.
+    template <typename T>
+    static void reserveFor(std::vector<T>& values, std::size_t size)
+    {
+        if (values.capacity() < size)
+            values.reserve(std::max(size, 2 * values.capacity()));
+    }
+
+    /// Every allocation comes first: a std::bad_alloc leaves the storage as it was.
     void growStorage(std::uint32_t count)
     {
+        const std::size_t size = std::size_t(storageRows) + count;
+        reserveFor(heights, size);
+        reserveFor(rowData, size);
+        reserveFor(mergeFlags, size);
+        for (ColumnStore& column : columns) {
+            reserveFor(column.texts, size);
+            if (!column.lookLow.empty())
+                reserveFor(column.lookLow, size);
+            if (!column.lookHigh.empty())
+                reserveFor(column.lookHigh, size);
+        }
         storageRows += count;
         heights.resize(storageRows, -1);
         rowData.resize(storageRows, 0);
@@ -401,6 +423,7 @@ struct FlexCellStore::Private
     void appendRows(std::uint32_t count)
     {
         const std::uint32_t reused = std::min<std::uint32_t>(count, freeRows.size());
+        reserveFor(order, order.size() + count);
         order.insert(order.end(), freeRows.end() - reused, freeRows.end());
         freeRows.resize(freeRows.size() - reused);
         const std::uint32_t first = storageRows;
@@ -460,15 +483,27 @@ FlexCellStore::FlexCellStore()
 
 FlexCellStore::~FlexCellStore() = default;
 
+bool FlexCellStore::fits(qint64 rows, qint64 cols)
+{
+    return cols <= MaxCols && std::max<qint64>(rows, 1) * std::max<qint64>(cols, 1) <= MaxCells;
+}
+
 void FlexCellStore::setRowCount(int rows)
 {
     Q_ASSERT(rows >= 0);
+    if (!fits(rows, m_cols))
+        raiseOutOfMemory();
     const auto wanted = std::size_t(rows);
-    m_rows = rows;
     if (wanted > d->order.size()) {
-        d->appendRows(std::uint32_t(wanted - d->order.size()));
+        try {
+            d->appendRows(std::uint32_t(wanted - d->order.size()));
+        } catch (const std::bad_alloc&) {
+            raiseOutOfMemory();
+        }
+        m_rows = rows;
         return;
     }
+    m_rows = rows;
     while (d->order.size() > wanted) {
         d->freeRow(d->order.back());
         d->order.pop_back();
@@ -480,17 +515,25 @@ void FlexCellStore::setRowCount(int rows)
 void FlexCellStore::setColCount(int cols)
 {
     Q_ASSERT(cols >= 0);
-    m_cols = cols;
+    if (!fits(m_rows, cols))
+        raiseOutOfMemory();
     const auto wanted = std::size_t(cols);
+    const std::size_t had = d->columns.size();
+    try {
+        while (d->columns.size() < wanted) {
+            ColumnStore column;
+            column.texts.resize(d->storageRows);
+            d->columns.push_back(std::move(column));
+        }
+    } catch (const std::bad_alloc&) {
+        d->columns.erase(d->columns.begin() + std::ptrdiff_t(had), d->columns.end());
+        raiseOutOfMemory();
+    }
+    m_cols = cols;
     while (d->columns.size() > wanted) {
         for (const CellRef ref : d->columns.back().texts)
             d->release(ref);
         d->columns.pop_back();
-    }
-    while (d->columns.size() < wanted) {
-        ColumnStore column;
-        column.texts.resize(d->storageRows);
-        d->columns.push_back(std::move(column));
     }
     d->collectGarbageIfWorthIt();
 }
@@ -697,8 +740,15 @@ void FlexCellStore::setColData(int col, qint32 value)
 void FlexCellStore::insertRow(int row)
 {
     Q_ASSERT(row >= 0 && row <= rowCount());
-    const std::uint32_t s = d->allocateRow();
-    d->order.insert(d->order.begin() + row, s);
+    if (!fits(qint64(m_rows) + 1, m_cols))
+        raiseOutOfMemory();
+    try {
+        Private::reserveFor(d->order, d->order.size() + 1);
+        const std::uint32_t s = d->allocateRow();
+        d->order.insert(d->order.begin() + row, s);
+    } catch (const std::bad_alloc&) {
+        raiseOutOfMemory();
+    }
     ++m_rows;
 }
 

@@ -48,9 +48,20 @@ public:
     /// Number of rows / columns. Inline: every checked access of FlexGrid reads them.
     int rowCount() const { return m_rows; }
     int colCount() const { return m_cols; }
-    /// Grows with empty default rows or drops rows from the end (`Rows`).
+    /// The largest store: at most `MaxCols` columns and `MaxCells` cells (rows × columns, an
+    /// empty dimension counted as one, so that 0 rows of a billion columns is no way round).
+    /// A cell costs 8 bytes and a row a few more, so the largest grid stays near a gigabyte;
+    /// each column carries its own vectors, hence the separate limit.
+    static constexpr qint64 MaxCols = qint64(1) << 16;
+    static constexpr qint64 MaxCells = qint64(1) << 26;
+    /// Whether a store of `rows` × `cols` is within the limits above.
+    static bool fits(qint64 rows, qint64 cols);
+
+    /// Grows with empty default rows or drops rows from the end (`Rows`). Beyond the limits,
+    /// or when memory runs out, raises 7 "Out of memory" and keeps the rows as they were.
     void setRowCount(int rows);
-    /// Grows with empty default columns or drops columns from the end (`Cols`).
+    /// Grows with empty default columns or drops columns from the end (`Cols`); fails as
+    /// `setRowCount`.
     void setColCount(int cols);
 
     /// A cell's text.

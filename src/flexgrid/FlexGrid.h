@@ -81,10 +81,12 @@ public:
 
     // ---- rows, columns and fixed counts ------------------------------------------------
     /// `Rows`: total rows (default 2). Lowers `FixedRows` below it, clamps the current cell
-    /// (cell events), re-clamps `TopRow`. < 0 → 30009.
+    /// (cell events), re-clamps `TopRow`. < 0 → 30009. A grid holds at most 65,536 columns and
+    /// 67,108,864 cells (`Rows` × `Cols`, a count of 0 taken as 1): a size beyond that, or one
+    /// the memory cannot hold, raises 7 "Out of memory" at once and leaves the grid unchanged.
     int Rows() const;
     void setRows(int rows);
-    /// `Cols`: total columns (default 2); as `Rows` for columns. < 0 → 30010.
+    /// `Cols`: total columns (default 2); as `Rows` for columns, limits included. < 0 → 30010.
     int Cols() const;
     void setCols(int cols);
     /// `FixedRows` (default 1): < 0 → 30009, ≥ `Rows` (when data rows exist) → 30016; moves the

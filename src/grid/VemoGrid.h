@@ -129,11 +129,13 @@ public:
 
     // ---- rows, columns and the current cell ----------------------------------------------
     /// Total rows (pass get). The setter sets the hosted `Rows`, raises `FixedCols`
-    /// and `FixedRows` to at least 1, then runs the colouring and check-box passes.
+    /// and `FixedRows` to at least 1, then runs the colouring and check-box passes. At most
+    /// 65,536 columns and 67,108,864 cells (`Rows` × `Cols`, a count of 0 taken as 1): a larger
+    /// size, or one the memory cannot hold, raises 7 "Out of memory" with the grid unchanged.
     int Rows() const;
     void setRows(int rows);
     /// Total columns (pass get). The setter resizes the `Column` array first (user mode
-    /// only: kept objects keep their settings, new columns get fresh ones).
+    /// only: kept objects keep their settings, new columns get fresh ones). Limited as `Rows`.
     int Cols() const;
     void setCols(int cols);
     /// The hosted `FixedRows` / `FixedCols` (pass).

@@ -66,7 +66,9 @@ void VemoGridPrivate::writeChecked(int row, int col, bool checked)
 void VemoGrid::AddItem(const QString& Item, int Index)
 {
     d->commitEdit();
-    if (d->rowIsEmpty(d->flex->Row()) && !d->nullLine) {
+    // A grid without rows has no current row to be empty.
+    const int current = d->flex->Row();
+    if (current < d->flex->Rows() && d->rowIsEmpty(current) && !d->nullLine) {
         showMessage(MessageId::RefusedEmptyLine);
         return;
     }

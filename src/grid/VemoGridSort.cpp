@@ -121,7 +121,8 @@ void VemoGridPrivate::sortByKeyColumn(int col, int setting, KeyKind kind)
 {
     const int keyCol = flex->Cols();
     flex->setCols(keyCol + 1);
-    const auto removeKeys = qScopeGuard([this, keyCol] { flex->setCols(keyCol); });
+    const auto removeKeys =
+        qScopeGuard([this, keyCol] { ignoringErrors([&] { flex->setCols(keyCol); }); });
     flex->setColWidth(keyCol, 0);
     // The keys are written quietly: the column is hidden and gone before anything draws.
     // A view into the grid must not be written back into it (a write may move the texts), so a
@@ -150,16 +151,18 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
         return;
     const VemoSortTypeConstants type = column(col)->SortType();
 
-    // A sort ends with Redraw on, whatever it was before.
-    const auto redrawAfterwards = qScopeGuard([this] { flex->setRedraw(true); });
+    // A sort ends with Redraw on, whatever it was before. The guards run while an error may be
+    // on its way out, so they never raise one themselves.
+    const auto redrawAfterwards =
+        qScopeGuard([this] { ignoringErrors([this] { flex->setRedraw(true); }); });
     const BulkPass pass(*this, qint64(flex->Rows()) * flex->Cols());
     const int savedRow = flex->Row();
     const int savedCol = flex->Col();
     const auto finish = qScopeGuard([this, savedRow, savedCol] {
-        flex->setRow(savedRow);
-        flex->setCol(savedCol);
-        followMarker();
-        colourRows(-1);
+        ignoringErrors([&] { flex->setRow(savedRow); });
+        ignoringErrors([&] { flex->setCol(savedCol); });
+        ignoringErrors([this] { followMarker(); });
+        ignoringErrors([this] { colourRows(-1); });
     });
     flex->setRow(0);
 
