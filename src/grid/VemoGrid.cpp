@@ -8,6 +8,7 @@
 #include "vb/VbStrings.h"
 #include "common/VemoError.h"
 
+#include <QAbstractItemModel>
 #include <QEvent>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -101,6 +102,33 @@ void VemoGridPrivate::resizeColumns(int cols)
     columns.resize(size);
     for (std::size_t c = kept; c < size; ++c)
         columns[c] = new VemoGridLib::Column(q);
+}
+
+void VemoGridPrivate::followModelColumns(QAbstractItemModel* model)
+{
+    for (const QMetaObject::Connection& connection : modelConnections)
+        QObject::disconnect(connection);
+    modelConnections.clear();
+    if (!model)
+        return;
+    // The hosted grid connected first, so its Cols have followed the model when these run.
+    // Any of the signals may bring a refill that changes the columns.
+    const auto follow = [this] {
+        if (userMode && columns.size() != std::size_t(flex->Cols()))
+            resizeColumns(flex->Cols());
+    };
+    modelConnections = {
+        QObject::connect(model, &QAbstractItemModel::modelReset, q, follow),
+        QObject::connect(model, &QAbstractItemModel::layoutChanged, q, follow),
+        QObject::connect(model, &QAbstractItemModel::columnsInserted, q, follow),
+        QObject::connect(model, &QAbstractItemModel::columnsRemoved, q, follow),
+        QObject::connect(model, &QAbstractItemModel::columnsMoved, q, follow),
+        QObject::connect(model, &QAbstractItemModel::rowsInserted, q, follow),
+        QObject::connect(model, &QAbstractItemModel::rowsRemoved, q, follow),
+        QObject::connect(model, &QAbstractItemModel::rowsMoved, q, follow),
+        QObject::connect(model, &QAbstractItemModel::dataChanged, q, follow),
+        QObject::connect(model, &QAbstractItemModel::headerDataChanged, q, follow),
+    };
 }
 
 void VemoGridPrivate::colourRows(int startRow)
@@ -355,6 +383,7 @@ VemoGrid::VemoGrid(QWidget* parent)
 
 VemoGrid::~VemoGrid()
 {
+    d->followModelColumns(nullptr);
     QObject::disconnect(d->flex, nullptr, this, nullptr);
     d->cells.setCellEventSink(nullptr);
     for (VemoGridLib::Column* column : d->columns)
@@ -768,6 +797,7 @@ void VemoGrid::setDataSource(QAbstractItemModel* model)
         const auto suppressed = d->suppressEventsInScope();
         d->flex->setDataSource(model);
     }
+    d->followModelColumns(model);
     d->changed(QStringLiteral("DataSource"));
     ReSetData();
 }

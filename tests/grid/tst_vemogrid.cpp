@@ -23,6 +23,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 #include <QTest>
 
 #include <functional>
@@ -278,6 +279,7 @@ private slots:
     void cellEventsNeedNoHostedReceiver_data();
     void cellEventsNeedNoHostedReceiver();
     void relayedKeyAndMouseArguments();
+    void columnsFollowBoundModel();
 };
 
 void tst_VemoGrid::initTestCase()
@@ -1465,6 +1467,28 @@ void tst_VemoGrid::relayedKeyAndMouseArguments()
     QVERIFY(hosted.size() > 4);
     QCOMPARE(hosted.mid(0, 3), QList<float>({1, 65, 0}));
     QCOMPARE(relayed, hosted);
+}
+
+void tst_VemoGrid::columnsFollowBoundModel()
+{
+    QStandardItemModel model(3, 2);
+    VemoGrid grid;
+    grid.setDataSource(&model);
+    QCOMPARE(grid.Cols(), 3);
+
+    model.insertColumns(1, 2);
+    QCOMPARE(grid.Cols(), 5);
+    QVERIFY(grid.Column(4));
+
+    model.removeColumns(0, 3);
+    QCOMPARE(grid.Cols(), 2);
+    QVERIFY(grid.Column(1));
+    try {
+        grid.Column(2);
+        QFAIL("a stale Column is left");
+    } catch (const VemoError& e) {
+        QCOMPARE(e.number(), VemoError::SubscriptOutOfRange);
+    }
 }
 
 QTEST_MAIN(tst_VemoGrid)
