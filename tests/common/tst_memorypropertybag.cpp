@@ -35,6 +35,11 @@ void tst_MemoryPropertyBag::writingDefaultLeavesOut_data()
     QTest::newRow("colour vs int of the same bits")
         << QVariant::fromValue(quint32(0x8000000F)) << QVariant(qint32(-2147483633)) << true;
     QTest::newRow("int vs equal double") << QVariant(3) << QVariant(3.0) << false;
+    QTest::newRow("enum vs int") << QVariant::fromValue(Qt::AlignRight) << QVariant(2) << false;
+    QTest::newRow("equal fonts") << QVariant(QFont("A")) << QVariant(QFont("A")) << false;
+    QObject* const object = this;
+    QTest::newRow("same object") << QVariant::fromValue(object) << QVariant::fromValue(object)
+                                 << false;
     QTest::newRow("null object vs none")
         << QVariant::fromValue<QObject*>(nullptr) << QVariant() << false;
 }
@@ -59,9 +64,14 @@ void tst_MemoryPropertyBag::keepsWriteOrder()
         bag.WriteProperty(QString::fromLatin1(name), 5, 0);
     bag.WriteProperty(QStringLiteral("Rows"), QStringLiteral("again"), QString());
     bag.WriteProperty(QStringLiteral("Gone"), 0, 0);
-    const QStringList order{"Rows", "Cols", "Font"};
-    QCOMPARE(bag.names(), order);
-    QCOMPARE(MemoryPropertyBag::fromJson(bag.toJson()).names(), order);
+    // What JSON cannot hold stays in memory and is left out of the saved form.
+    bag.WriteProperty(QStringLiteral("Model"), QVariant::fromValue<QObject*>(this), QVariant());
+    bag.WriteProperty(QStringLiteral("Infinite"), std::numeric_limits<double>::infinity(), 0);
+    QCOMPARE(bag.names(), QStringList({"Rows", "Cols", "Font", "Model", "Infinite"}));
+    QStringList leftOut;
+    const QByteArray json = bag.toJson(&leftOut);
+    QCOMPARE(leftOut, QStringList({"Model", "Infinite"}));
+    QCOMPARE(MemoryPropertyBag::fromJson(json).names(), QStringList({"Rows", "Cols", "Font"}));
 }
 
 void tst_MemoryPropertyBag::jsonRoundTrip_data()
@@ -107,6 +117,9 @@ void tst_MemoryPropertyBag::fromJsonRefuses_data()
     };
     QTest::newRow("truncated") << QByteArray(R"({"properties":[)") << "Not valid JSON";
     QTest::newRow("no properties") << QByteArray("{}") << "Not a property bag";
+    QTest::newRow("entry not an object") << QByteArray(R"({"properties":[5]})") << "not an object";
+    QTest::newRow("no name") << QByteArray(R"({"properties":[{"type":"bool","value":true}]})")
+                             << "missing \"name\"";
     QTest::newRow("unknown type") << one("int8", "1") << "unknown type \"int8\"";
     QTest::newRow("int16 overflow") << one("int16", "40000") << "not a valid int16";
     QTest::newRow("uint32 negative") << one("uint32", "-1") << "not a valid uint32";
