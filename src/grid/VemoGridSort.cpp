@@ -210,7 +210,8 @@ void VemoGridPrivate::followMarker()
         return;
     // The marker picture moved with its row; `Selected` follows it there.
     const qint64 marker = imgMarker.cacheKey();
-    for (int r = flex->FixedRows(); r < flex->Rows(); ++r) {
+    // The marker sits in column 0: a grid without columns has no marked row.
+    for (int r = flex->FixedRows(); flex->Cols() > 0 && r < flex->Rows(); ++r) {
         if (cells.pictureKey(r, 0) == marker) {
             markedRow = r;
             return;

@@ -55,6 +55,7 @@ private slots:
     void hugeSizeRefused_data();
     void hugeSizeRefused();
     void zeroRowsBySetter();
+    void hostedColumnsRemovedBehindTheGrid();
 };
 
 void tst_SavedForms::loadedGridSurvivesUse_data()
@@ -163,6 +164,18 @@ void tst_SavedForms::zeroRowsBySetter()
     QCOMPARE(grid.Rows(), 0);
     tryStep([&] { grid.Sort(1, SortAscending); });
     grid.AddItem(QStringLiteral("x"));
+    verifyIntact(grid);
+}
+
+void tst_SavedForms::hostedColumnsRemovedBehindTheGrid()
+{
+    // The hosted grid is public: its columns can go while the grid keeps its Column objects.
+    VemoGrid grid;
+    FlexGrid& flex = *grid.hostedGrid();
+    flex.setFixedRows(0);
+    flex.setFixedCols(0);
+    flex.setCols(0);
+    tryStep([&] { grid.Sort(1, SortAscending); });
     verifyIntact(grid);
 }
 
