@@ -115,7 +115,7 @@ void VemoGridPrivate::followModelColumns(QAbstractItemModel* model)
     // Any of the signals may bring a refill that changes the columns.
     const auto follow = [this] {
         if (userMode && columns.size() != std::size_t(flex->Cols()))
-            resizeColumns(flex->Cols());
+            catchingErrors("VemoGrid DataSource columns", [this] { resizeColumns(flex->Cols()); });
     };
     modelConnections = {
         QObject::connect(model, &QAbstractItemModel::modelReset, q, follow),
