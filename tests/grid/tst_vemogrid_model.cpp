@@ -40,8 +40,7 @@ struct ColumnModel
 };
 
 /// What the grid should hold: raw cell texts (row 0 the header row, column 0 the fixed column),
-/// the Column array (shorter than the columns when Clear's FormatString widened the grid), the
-/// current row and the settings that steer the operations.
+/// the Column array, the current row and the settings that steer the operations.
 struct GridModel
 {
     QList<QStringList> cells{QStringList(2), QStringList(2)};
@@ -139,6 +138,7 @@ struct GridModel
             row.fill(QString());
         applyFormat();
         resize(2, cols);
+        columns.resize(cols);
         current = 1;
         lastSorted = -1;
         numberFrom(1);
