@@ -109,6 +109,12 @@ inline void run(FlexGrid& grid, const QString& script)
             grid.setMergeCol(n(0), n(1));
         else if (name == u"CellBackColor")
             grid.setCellBackColor(a.at(0).toUInt(nullptr, 0));
+        else if (name == u"CellFontSize")
+            grid.setCellFontSize(n(0));
+        else if (name == u"CellFontWidth")
+            grid.setCellFontWidth(n(0));
+        else if (name == u"CellFontUnderline")
+            grid.setCellFontUnderline(n(0));
         else if (name == u"CellTextStyle")
             grid.setCellTextStyle(n(0));
         else if (name == u"CellForeColor")

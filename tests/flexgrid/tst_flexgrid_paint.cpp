@@ -95,8 +95,6 @@ private slots:
     void initTestCase() { QVERIFY(pinFontAndDpi()); }
     void pixels_data();
     void pixels();
-    void focusRect_data();
-    void focusRect();
     void text_data();
     void text();
     void textStyle_data();
@@ -112,6 +110,7 @@ void tst_FlexGridPaint::pixels_data()
 {
     QTest::addColumn<QString>("steps");
     // Probes "row,col,place=COLOUR"; places of the cell: c centre, l / t its left / top edge,
+    // T one pixel below the top edge,
     // r / b its right / bottom grid line (at mid-height / mid-width), u the right line near
     // the top, v the bottom line near the right, i just left of the right line, R and J two
     // and three pixels left of it, o / d five pixels right of / below the cell.
@@ -134,6 +133,12 @@ void tst_FlexGridPaint::pixels_data()
         "2,2,c=RED");
     add("HighLight with focus, unfocused", "HighLight=2 BackColorSel=RED sel=1,1,3,2",
         "2,2,c=WINDOW");
+    // The focus rectangle shows on the current cell even when the grid does not have the focus:
+    // dotted, or two pixels wide on both sides; without it the cell shows as selected.
+    add("FocusRect none", "FocusRect=0 BackColorSel=RED sel=2,2,2,2", "2,2,c=RED");
+    add("FocusRect light", "BackColorSel=RED sel=2,2,2,2", "2,2,c=WINDOW 2,2,J=WINDOW");
+    add("FocusRect heavy", "FocusRect=2 sel=2,2,2,2",
+        "2,2,t=BLUE 2,2,T=BLUE 2,2,i=BLUE 2,2,R=BLUE");
     add("fixed cells never highlighted", "BackColorSel=RED sel=0,0,3,2",
         "0,1,c=BUTTON 2,0,c=BUTTON 2,2,c=RED");
     add("merging turns highlight off", "BackColorSel=RED sel=1,1,3,2 MergeCells=1", "2,2,c=WINDOW");
@@ -193,6 +198,7 @@ void tst_FlexGridPaint::pixels()
         const QHash<QChar, QPoint> places = {{u'c', m},
                                              {u'l', {cell.left(), m.y()}},
                                              {u't', {m.x(), cell.top()}},
+                                             {u'T', {m.x(), cell.top() + 1}},
                                              {u'r', {cell.right(), m.y()}},
                                              {u'b', {m.x(), cell.bottom()}},
                                              {u'u', {cell.right(), cell.top() + 2}},
@@ -211,48 +217,13 @@ void tst_FlexGridPaint::pixels()
     }
 }
 
-void tst_FlexGridPaint::focusRect_data()
-{
-    QTest::addColumn<int>("focusRect");
-    QTest::newRow("light") << 1;
-    QTest::newRow("heavy") << 2;
-}
-
-void tst_FlexGridPaint::focusRect()
-{
-    // The rectangle shows on the current cell even when the grid does not have the focus.
-    QFETCH(int, focusRect);
-    const auto scene = paintedGrid(QStringLiteral("sel=2,2,2,2 FocusRect=%1").arg(focusRect));
-    QVERIFY(scene);
-    const QImage image = shot(*scene->grid);
-    const QColor blue = Colours["BLUE"];
-    const QRect cell = cellRect(*scene->grid, 2, 2);
-    const QRect top(cell.left(), cell.top(), cell.width() - 1, 1);
-    const int dots = countPixels(image, top, blue);
-    const int below = countPixels(image, top.translated(0, 1), blue);
-    const int down =
-        countPixels(image, QRect(cell.right() - 1, cell.top(), 1, cell.height()), blue);
-    if (focusRect == flexFocusLight) {
-        // Dotted: every other pixel, one pixel wide.
-        QVERIFY2(dots >= top.width() / 3 && dots <= 2 * top.width() / 3,
-                 qPrintable(QString::number(dots)));
-        QVERIFY(below <= 2);
-    } else {
-        // Two pixels wide, solid.
-        QCOMPARE(dots, top.width());
-        QCOMPARE(below, top.width());
-        QCOMPARE(countPixels(image, top.translated(0, 2), blue), 4);
-        QCOMPARE(down, cell.height() - 1);
-    }
-}
-
 void tst_FlexGridPaint::text_data()
 {
     QTest::addColumn<QString>("text"); // in cell (2, 2), 60 px high
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("colour");
     QTest::addColumn<QString>("placement"); // horizontal then vertical
-    QTest::addColumn<bool>("wrapped");
+    QTest::addColumn<bool>("tall");         // more than a line of the grid font high
 
     for (int alignment = 0; alignment <= 8; ++alignment) {
         const char place[] = {"LCR"[alignment / 3], "TMB"[alignment % 3], 0};
@@ -280,6 +251,11 @@ void tst_FlexGridPaint::text_data()
                                  << ""
                                  << "BLUE"
                                  << "" << false;
+    QTest::newRow("the cell's own font")
+        << "MMM"
+        << "sel=2,2,2,2 CellFontSize(20) CellFontWidth(12) CellFontUnderline(1) Row=4"
+        << "BLUE"
+        << "" << true;
     QTest::newRow("fixed cell") << "MMM"
                                 << "FixedRows=3 ForeColorFixed=RED"
                                 << "RED"
@@ -292,7 +268,7 @@ void tst_FlexGridPaint::text()
     QFETCH(QString, steps);
     QFETCH(QString, colour);
     QFETCH(QString, placement);
-    QFETCH(bool, wrapped);
+    QFETCH(bool, tall);
     const auto scene = paintedGrid(QStringLiteral("RowHeight(2,900) ") + steps);
     QVERIFY(scene);
     FlexGrid& grid = *scene->grid;
@@ -303,7 +279,7 @@ void tst_FlexGridPaint::text()
     const QRect ink = inkBounds(image, cell, Colours[colour]);
     QVERIFY(countPixels(image, cell, Colours[colour]) > 20);
     QCOMPARE(countPixels(image, cellRect(grid, 2, 3), Colours[colour]), 0);
-    QCOMPARE(ink.height() > QFontMetrics(grid.Font()).height(), wrapped);
+    QCOMPARE(ink.height() > QFontMetrics(grid.Font()).height(), tall);
     if (placement.isEmpty())
         return;
     const char found[] = {place(ink.left() - cell.left(), cell.right() - ink.right(), "LCR"),
