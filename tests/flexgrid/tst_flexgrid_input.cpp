@@ -50,12 +50,9 @@ private slots:
     void cleanup();
     void clicks_data();
     void clicks();
-    void buttonsAndShiftReported_data();
-    void buttonsAndShiftReported();
     void dragSelectsAndScrolls();
     void keys_data();
     void keys();
-    void pageKeysScrollByAPage();
     void keyHandlers();
     void scrolling_data();
     void scrolling();
@@ -138,47 +135,6 @@ void tst_FlexGridInput::clicks()
     QCOMPARE(m_grid->MouseCol(), cell.x());
 }
 
-void tst_FlexGridInput::buttonsAndShiftReported_data()
-{
-    QTest::addColumn<Qt::MouseButton>("button");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::addColumn<short>("vbButton");
-    QTest::addColumn<short>("vbShift");
-    QTest::newRow("left, ctrl") << Qt::LeftButton << Qt::KeyboardModifiers(Qt::ControlModifier)
-                                << short(1) << short(2);
-    QTest::newRow("right") << Qt::RightButton << Qt::KeyboardModifiers() << short(2) << short(0);
-    QTest::newRow("middle") << Qt::MiddleButton << Qt::KeyboardModifiers() << short(4) << short(0);
-}
-
-void tst_FlexGridInput::buttonsAndShiftReported()
-{
-    QFETCH(Qt::MouseButton, button);
-    QFETCH(Qt::KeyboardModifiers, modifiers);
-    QFETCH(short, vbButton);
-    QSignalSpy down(m_grid, &FlexGrid::MouseDown);
-    QSignalSpy move(m_grid, &FlexGrid::MouseMove);
-    QSignalSpy up(m_grid, &FlexGrid::MouseUp);
-    const QPoint pos = centreOf(*m_grid, 3, 2);
-
-    QTest::mousePress(m_grid->viewport(), button, modifiers, pos);
-    QTest::mouseMove(m_grid->viewport(), pos + QPoint(1, 1));
-    QTest::mouseRelease(m_grid->viewport(), button, modifiers, pos + QPoint(1, 1));
-
-    QCOMPARE(down.count(), 1);
-    QCOMPARE(down.at(0).at(0).value<short>(), vbButton);
-    QTEST(down.at(0).at(1).value<short>(), "vbShift");
-    QCOMPARE(down.at(0).at(2).toFloat(), float(pos.x() * TwipsPerPixel));
-    QCOMPARE(down.at(0).at(3).toFloat(), float(pos.y() * TwipsPerPixel));
-    QCOMPARE(move.at(0).at(0).value<short>(), vbButton);
-    QCOMPARE(move.at(0).at(3).toFloat(), float((pos.y() + 1) * TwipsPerPixel));
-    QCOMPARE(up.at(0).at(0).value<short>(), vbButton);
-    // Only the left button moves the current cell and clicks.
-    const bool left = button == Qt::LeftButton;
-    const QList<int> cursor = left ? QList<int>{3, 2, 3, 2} : QList<int>{1, 1, 1, 1};
-    QCOMPARE(cursorOf(*m_grid), cursor);
-    QCOMPARE(m_log->names.contains("Click"), left);
-}
-
 void tst_FlexGridInput::dragSelectsAndScrolls()
 {
     QVERIFY(grow());
@@ -237,6 +193,8 @@ void tst_FlexGridInput::keys_data()
     add("right over a hidden column", Qt::Key_Right, none, "Row=2 Col=1", {2, 3, 2, 3}, {2, -1});
     add("home, first column hidden", Qt::Key_Home, none, "Row=4 Col=3", {4, 2, 4, 2}, {1, -1});
     add("end", Qt::Key_End, none, "Row=4 Col=1", {4, 3, 4, 3});
+    add("page down", Qt::Key_PageDown, none, "Row=2 Col=2", {7, 2, 7, 2});
+    add("page up", Qt::Key_PageUp, none, "Row=6 Col=2", {1, 2, 1, 2});
     add("ctrl+home", Qt::Key_Home, ctrl, "Row=4 Col=3", {1, 1, 1, 1});
     add("ctrl+end, last row hidden", Qt::Key_End, ctrl, "Row=4 Col=1", {6, 3, 6, 3}, {-1, 7});
     add("alt+down", Qt::Key_Down, Qt::AltModifier, "Row=2 Col=2", {2, 2, 2, 2});
@@ -266,35 +224,6 @@ void tst_FlexGridInput::keys()
                                : cursor != before ? QStringList{"KeyDown", "SelChange", "KeyUp"}
                                                   : QStringList{"KeyDown", "KeyUp"};
     QCOMPARE(m_log->names, events);
-}
-
-void tst_FlexGridInput::pageKeysScrollByAPage()
-{
-    QVERIFY(grow());
-    const int page = VisibleRows;
-    m_log->clear();
-    QTest::keyClick(m_grid, Qt::Key_PageDown);
-    QCOMPARE(m_grid->Row(), 1 + page);
-    QCOMPARE(m_grid->TopRow(), 1 + page);
-    QCOMPARE(m_log->names, QStringList({"KeyDown", "LeaveCell", "SelChange", "EnterCell",
-                                        "RowColChange", "Scroll", "KeyUp"}));
-    QTest::keyClick(m_grid, Qt::Key_Down);
-    QTest::keyClick(m_grid, Qt::Key_PageUp);
-    QCOMPARE(m_grid->Row(), 2);
-    QCOMPARE(m_grid->TopRow(), 1);
-    for (int i = 0; i < 8; ++i)
-        QTest::keyClick(m_grid, Qt::Key_PageDown);
-    QCOMPARE(m_grid->Row(), 59);
-    QCOMPARE(m_grid->TopRow(), 60 - page);
-    // Down past the bottom scrolls the new row into view, unless there is no vertical bar.
-    m_grid->setTopRow(1);
-    m_grid->setRow(page);
-    QTest::keyClick(m_grid, Qt::Key_Down);
-    QCOMPARE(m_grid->TopRow(), 2);
-    m_grid->setScrollBars(Flex::flexScrollBarHorizontal);
-    QTest::keyClick(m_grid, Qt::Key_Down);
-    QCOMPARE(m_grid->Row(), page + 2);
-    QCOMPARE(m_grid->TopRow(), 2);
 }
 
 void tst_FlexGridInput::keyHandlers()

@@ -101,8 +101,6 @@ private slots:
     void textStyle();
     void cellPicture_data();
     void cellPicture();
-    void scrolledAndFarRows();
-    void crispAtDevicePixelRatioTwo();
     void redrawAndPicture();
 };
 
@@ -352,60 +350,6 @@ void tst_FlexGridPaint::cellPicture()
     QCOMPARE(inkBounds(image, image.rect(), Colours["MAGENTA"]), expected);
     QCOMPARE(countPixels(image, cell, Colours["MAGENTA"]), shown.width() * shown.height());
     QCOMPARE(countPixels(image, cell, Colours["BLUE"]), 0);
-}
-
-void tst_FlexGridPaint::scrolledAndFarRows()
-{
-    // A run of equal texts down the whole of column 2 of a long grid, scrolled near its end.
-    constexpr int Rows = 50000;
-    const auto scene = paintedGrid("MergeCells=1 MergeCol(2,1) GridColor=GREEN", Rows);
-    QVERIFY(scene);
-    FlexGrid& grid = *scene->grid;
-    for (int r = 1; r < Rows; ++r)
-        grid.setTextMatrix(r, 2, QStringLiteral("x"));
-    grid.setTextMatrix(Rows - 15, 1, QStringLiteral("Far"));
-    const QRect first = cellRect(grid, 1, 1);
-    grid.setTopRow(Rows - 20);
-    QCOMPARE(cellRect(grid, Rows - 20, 1), first);
-    const QImage image = shot(grid);
-    QVERIFY(countPixels(image, cellRect(grid, Rows - 15, 1), Colours["BLUE"]) > 5);
-    QCOMPARE(countPixels(image, cellRect(grid, Rows - 16, 1), Colours["BLUE"]), 0);
-    // The merged run shows its text inside the viewport, though its middle lies far above.
-    const QRect column = cellRect(grid, Rows - 20, 2).united(cellRect(grid, Rows - 12, 2));
-    QVERIFY(!inkBounds(image, column, Colours["BLUE"]).isEmpty());
-    const QRect merged = cellRect(grid, Rows - 15, 2);
-    const QRect apart = cellRect(grid, Rows - 15, 1);
-    QCOMPARE(QColor(image.pixel(merged.center().x(), merged.bottom())),
-             toQColor(vbWindowBackground, grid.palette()).toRgb());
-    QCOMPARE(QColor(image.pixel(apart.center().x(), apart.bottom())), Colours["GREEN"]);
-}
-
-void tst_FlexGridPaint::crispAtDevicePixelRatioTwo()
-{
-    const auto scene = paintedGrid("GridColor=GREEN TextMatrix(2,2,crisp)");
-    QVERIFY(scene);
-    FlexGrid& grid = *scene->grid;
-    QImage image(grid.viewport()->size() * 2, QImage::Format_RGB32);
-    image.setDevicePixelRatio(2);
-    image.fill(Colours["MAGENTA"]);
-    grid.viewport()->render(&image);
-    image.setDevicePixelRatio(1);
-
-    // Grid lines two device pixels wide with nothing blurred beside them.
-    const QRect cell = cellRect(grid, 2, 2);
-    const QColor window = toQColor(vbWindowBackground, grid.palette()).toRgb();
-    for (int y = 2 * cell.top(); y < 2 * cell.bottom(); ++y) {
-        QCOMPARE(QColor(image.pixel(2 * cell.right(), y)), Colours["GREEN"]);
-        QCOMPARE(QColor(image.pixel(2 * cell.right() + 1, y)), Colours["GREEN"]);
-        QCOMPARE(QColor(image.pixel(2 * cell.right() - 1, y)), window);
-    }
-    // The fixed cells' inset lines: two device pixels of black, then two of white.
-    const QRect header = cellRect(grid, 0, 2);
-    const int y = 2 * header.center().y();
-    for (int dx = 0; dx < 4; ++dx)
-        QCOMPARE(QColor(image.pixel(2 * header.right() + dx, y)),
-                 QColor(dx < 2 ? Qt::black : Qt::white));
-    QCOMPARE(countPixels(image, image.rect(), Colours["MAGENTA"]), 0);
 }
 
 void tst_FlexGridPaint::redrawAndPicture()
