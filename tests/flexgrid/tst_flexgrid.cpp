@@ -117,19 +117,27 @@ void tst_FlexGrid::badInputRaises_data()
         [](FlexGrid& g) { g.setCellFontWidth(-1); });
     add("Rows = FixedRows", 0, [](FlexGrid& g) { g.setRows(1); });
     // Enumerated properties: the first value out of range (380), the last one in range.
-    const QList<std::tuple<const char*, int, int>> ranges = {
-        {"FillStyle", 0, 1},         {"SelectionMode", 0, 2},
-        {"GridLines", 0, 5},         {"GridLinesFixed", 0, 5},
-        {"HighLight", 0, 2},         {"FocusRect", 0, 2},
-        {"TextStyle", 0, 4},         {"TextStyleFixed", 0, 4},
-        {"AllowUserResizing", 0, 3}, {"ScrollBars", 0, 3},
-        {"MergeCells", 0, 4},        {"PictureType", 0, 1},
-        {"MousePointer", 0, 15},     {"MousePointer", 99, 99},
-        {"GridLineWidth", 1, 5},     {"Sort", 0, 9}};
-    for (const auto& [property, first, last] : ranges) {
-        const auto set = [property](int value) {
-            const QString step = QStringLiteral("%1=%2").arg(QLatin1String(property)).arg(value);
-            return GridCall([step](FlexGrid& g) { run(g, step); });
+    using Setter = void (FlexGrid::*)(int);
+    const QList<std::tuple<const char*, Setter, int, int>> ranges = {
+        {"FillStyle", &FlexGrid::setFillStyle, 0, 1},
+        {"SelectionMode", &FlexGrid::setSelectionMode, 0, 2},
+        {"GridLines", &FlexGrid::setGridLines, 0, 5},
+        {"GridLinesFixed", &FlexGrid::setGridLinesFixed, 0, 5},
+        {"HighLight", &FlexGrid::setHighLight, 0, 2},
+        {"FocusRect", &FlexGrid::setFocusRect, 0, 2},
+        {"TextStyle", &FlexGrid::setTextStyle, 0, 4},
+        {"TextStyleFixed", &FlexGrid::setTextStyleFixed, 0, 4},
+        {"AllowUserResizing", &FlexGrid::setAllowUserResizing, 0, 3},
+        {"ScrollBars", &FlexGrid::setScrollBars, 0, 3},
+        {"MergeCells", &FlexGrid::setMergeCells, 0, 4},
+        {"PictureType", &FlexGrid::setPictureType, 0, 1},
+        {"MousePointer", &FlexGrid::setMousePointer, 0, 15},
+        {"MousePointer", &FlexGrid::setMousePointer, 99, 99},
+        {"GridLineWidth", &FlexGrid::setGridLineWidth, 1, 5},
+        {"Sort", &FlexGrid::setSort, 0, 9}};
+    for (const auto& [property, setter, first, last] : ranges) {
+        const auto set = [setter](int value) {
+            return GridCall([setter, value](FlexGrid& g) { (g.*setter)(value); });
         };
         const int bad = flexerrInvalidPropertyValue;
         QTest::addRow("%s %d", property, first - 1) << GridCall() << set(first - 1) << bad;
