@@ -1,0 +1,372 @@
+// SPDX-License-Identifier: MIT
+// FlexGrid driven by the mouse, the keyboard, the wheel and the scroll bars.
+#include "FlexTestSupport.h"
+#include <VemoGridLib/FlexEnums.h>
+
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+using namespace VemoGridLib;
+using namespace VemoTest;
+
+namespace {
+
+const QStringList ClickOnNewCell = {"LeaveCell", "SelChange", "EnterCell", "RowColChange",
+                                    "MouseDown", "MouseUp",   "Click"};
+const QStringList KeyMove = {"KeyDown",   "LeaveCell",    "SelChange",
+                             "EnterCell", "RowColChange", "KeyUp"};
+
+QPoint centreOf(const FlexGrid& grid, int row, int col)
+{
+    return cellRect(grid, row, col).center();
+}
+
+void wheel(FlexGrid& grid, QPoint angleDelta)
+{
+    const QPointF pos = grid.viewport()->rect().center();
+    QWheelEvent event(pos, grid.viewport()->mapToGlobal(pos), QPoint(), angleDelta, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(grid.viewport(), &event);
+}
+
+/// A pointer move with no button held, as the mouse-tracking viewport receives it.
+void hover(FlexGrid& grid, QPoint pos)
+{
+    QMouseEvent event(QEvent::MouseMove, pos, grid.viewport()->mapToGlobal(pos), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(grid.viewport(), &event);
+}
+
+} // namespace
+
+class tst_FlexGridInput : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(pinFontAndDpi()); }
+    void init();
+    void cleanup();
+    void clicks_data();
+    void clicks();
+    void dragSelectsAndScrolls();
+    void keys_data();
+    void keys();
+    void keyHandlers();
+    void scrolling_data();
+    void scrolling();
+    void resizing_data();
+    void resizing();
+
+private:
+    /// Shows 60 rows instead of 8 (the viewport stays the same size).
+    bool grow() { return (fill(*m_grid, 60, 4, true), setViewport(*m_grid, Viewport)); }
+
+    std::unique_ptr<Scene> m_scene;
+    FlexGrid* m_grid = nullptr;
+    std::unique_ptr<EventLog> m_log;
+};
+
+void tst_FlexGridInput::init()
+{
+    // 8 rows and 4 columns leave empty space right of and below the cells.
+    m_scene = showGrid(8, 4, true);
+    QVERIFY(m_scene);
+    m_grid = m_scene->grid;
+    m_log = std::make_unique<EventLog>(*m_grid);
+}
+
+void tst_FlexGridInput::cleanup()
+{
+    m_log.reset();
+    m_scene.reset();
+}
+
+void tst_FlexGridInput::clicks_data()
+{
+    QTest::addColumn<QString>("setup");
+    QTest::addColumn<QPoint>("cell");  // (col, row) clicked at its centre
+    QTest::addColumn<QPoint>("nudge"); // pixels off the centre
+    QTest::addColumn<bool>("shift");
+    QTest::addColumn<QList<int>>("cursor"); // Row, Col, RowSel, ColSel afterwards
+    QTest::addColumn<QStringList>("events");
+
+    const QStringList click = {"MouseDown", "MouseUp", "Click"};
+    const auto add = [](const char* name, const char* setup, QPoint cell, QPoint nudge, bool shift,
+                        const QList<int>& cursor, const QStringList& events) {
+        QTest::newRow(name) << setup << cell << nudge << shift << cursor << events;
+    };
+    add("data cell", "", {2, 3}, {}, false, {3, 2, 3, 2}, ClickOnNewCell);
+    add("current cell", "Row=3 Col=2", {2, 3}, {}, false, {3, 2, 3, 2}, click);
+    add("shift extends the selection", "Row=2 Col=2", {3, 5}, {}, true, {2, 2, 5, 3},
+        {"MouseDown", "SelChange", "MouseUp", "Click"});
+    add("below the last row", "", {2, 7}, {0, 30}, false, {7, 2, 7, 2}, ClickOnNewCell);
+    add("right of the last column", "", {3, 2}, {60, 0}, false, {2, 3, 2, 3}, ClickOnNewCell);
+    add("header without data rows", "Rows=1", {2, 0}, {}, false, {0, 1, 0, 1}, click);
+    // 60 rows scrolled to TopRow 5, so that TopRow and FixedRows differ.
+    const char* scrolled = "Rows=60 Row=3 Col=2 TopRow=5";
+    const char* scrolledSmall = "Rows=60 Row=3 Col=2 TopRow=5 AllowBigSelection=false";
+    add("column header", scrolled, {3, 0}, {}, false, {1, 3, 59, 3}, ClickOnNewCell);
+    add("column header, small", scrolledSmall, {3, 0}, {}, false, {5, 3, 5, 3}, ClickOnNewCell);
+    add("row header", scrolled, {0, 7}, {}, false, {7, 1, 7, 3}, ClickOnNewCell);
+    add("row header, small", scrolledSmall, {0, 7}, {}, false, {7, 1, 7, 1}, ClickOnNewCell);
+    add("corner", scrolled, {0, 0}, {}, false, {1, 1, 59, 3}, ClickOnNewCell);
+    add("corner, small", scrolledSmall, {0, 0}, {}, false, {5, 1, 5, 1}, ClickOnNewCell);
+}
+
+void tst_FlexGridInput::clicks()
+{
+    QFETCH(QString, setup);
+    QFETCH(QPoint, cell);
+    QFETCH(QPoint, nudge);
+    QFETCH(bool, shift);
+    run(*m_grid, setup);
+    m_log->clear();
+    const QPoint pos = centreOf(*m_grid, cell.y(), cell.x()) + nudge;
+
+    hover(*m_grid, pos);
+    QTest::mouseClick(m_grid->viewport(), Qt::LeftButton,
+                      shift ? Qt::ShiftModifier : Qt::NoModifier, pos);
+
+    QTEST(cursorOf(*m_grid), "cursor");
+    QTEST(m_log->names, "events");
+    QCOMPARE(m_grid->MouseRow(), cell.y());
+    QCOMPARE(m_grid->MouseCol(), cell.x());
+}
+
+void tst_FlexGridInput::dragSelectsAndScrolls()
+{
+    QVERIFY(grow());
+    QWidget* const viewport = m_grid->viewport();
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, centreOf(*m_grid, 2, 2));
+    m_log->clear();
+    QTest::mouseMove(viewport, centreOf(*m_grid, 4, 3));
+    // The selection follows live; SelChange waits for the release.
+    QCOMPARE(cursorOf(*m_grid), QList<int>({2, 2, 4, 3}));
+    QCOMPARE(m_log->names, QStringList());
+    QTest::mouseMove(viewport, centreOf(*m_grid, 2, 2));
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, centreOf(*m_grid, 2, 2));
+    QCOMPARE(m_log->names, QStringList({"MouseUp", "Click"}));
+
+    // Below the viewport the grid scrolls, and goes on while the pointer rests there.
+    const QPoint below(centreOf(*m_grid, 2, 2).x(), viewport->height() + 10);
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, centreOf(*m_grid, 2, 2));
+    m_log->clear();
+    QTest::mouseMove(viewport, below);
+    QCOMPARE(m_grid->TopRow(), 2);
+    QCOMPARE(m_log->names, QStringList({"Scroll"}));
+    QCOMPARE(m_grid->RowSel(), 1 + VisibleRows);
+    QTRY_VERIFY_WITH_TIMEOUT(m_grid->TopRow() >= 5, 2000);
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, below);
+    const int top = m_grid->TopRow();
+    QTest::qWait(200);
+    QCOMPARE(m_grid->TopRow(), top);
+    QCOMPARE(m_grid->Row(), 2);
+    QCOMPARE(m_log->count("SelChange"), 1);
+    QVERIFY(!m_log->names.contains("Click")); // released outside the control
+}
+
+void tst_FlexGridInput::keys_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QString>("setup");
+    QTest::addColumn<QPoint>("hidden");     // (col, row) of a hidden column and row, -1 for none
+    QTest::addColumn<QList<int>>("cursor"); // Row, Col, RowSel, ColSel afterwards
+
+    // 8 rows and 4 columns with one fixed row and column.
+    const auto add = [](const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers,
+                        const char* setup, const QList<int>& cursor, QPoint hidden = {-1, -1}) {
+        QTest::newRow(name) << key << modifiers << setup << hidden << cursor;
+    };
+    const Qt::KeyboardModifiers none;
+    const Qt::KeyboardModifiers ctrl(Qt::ControlModifier);
+    add("down", Qt::Key_Down, none, "Row=2 Col=2", {3, 2, 3, 2});
+    add("left", Qt::Key_Left, none, "Row=2 Col=2", {2, 1, 2, 1});
+    add("up at the top", Qt::Key_Up, none, "Row=1 Col=2", {1, 2, 1, 2});
+    add("down at the bottom", Qt::Key_Down, none, "Row=7 Col=2", {7, 2, 7, 2});
+    add("right at the edge", Qt::Key_Right, none, "Row=2 Col=3", {2, 3, 2, 3});
+    add("down over a hidden row", Qt::Key_Down, none, "Row=2 Col=2", {4, 2, 4, 2}, {-1, 3});
+    add("up over a hidden row", Qt::Key_Up, none, "Row=4 Col=2", {2, 2, 2, 2}, {-1, 3});
+    add("down onto a hidden last row", Qt::Key_Down, none, "Row=6 Col=2", {6, 2, 6, 2}, {-1, 7});
+    add("right over a hidden column", Qt::Key_Right, none, "Row=2 Col=1", {2, 3, 2, 3}, {2, -1});
+    add("home, first column hidden", Qt::Key_Home, none, "Row=4 Col=3", {4, 2, 4, 2}, {1, -1});
+    add("end", Qt::Key_End, none, "Row=4 Col=1", {4, 3, 4, 3});
+    add("page down", Qt::Key_PageDown, none, "Row=2 Col=2", {7, 2, 7, 2});
+    add("page up", Qt::Key_PageUp, none, "Row=6 Col=2", {1, 2, 1, 2});
+    add("ctrl+home", Qt::Key_Home, ctrl, "Row=4 Col=3", {1, 1, 1, 1});
+    add("ctrl+end, last row hidden", Qt::Key_End, ctrl, "Row=4 Col=1", {6, 3, 6, 3}, {-1, 7});
+    add("alt+down", Qt::Key_Down, Qt::AltModifier, "Row=2 Col=2", {2, 2, 2, 2});
+    add("shift+down", Qt::Key_Down, Qt::ShiftModifier, "Row=2 Col=2 RowSel=3", {2, 2, 4, 2});
+    add("shift+right", Qt::Key_Right, Qt::ShiftModifier, "Row=2 Col=2", {2, 2, 2, 3});
+}
+
+void tst_FlexGridInput::keys()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QString, setup);
+    QFETCH(QPoint, hidden);
+    QFETCH(QList<int>, cursor);
+    if (hidden.y() >= 0)
+        m_grid->setRowHeight(hidden.y(), 0);
+    if (hidden.x() >= 0)
+        m_grid->setColWidth(hidden.x(), 0);
+    run(*m_grid, setup);
+    const QList<int> before = cursorOf(*m_grid);
+    m_log->clear();
+
+    QTest::keyClick(m_grid, key, modifiers);
+
+    QCOMPARE(cursorOf(*m_grid), cursor);
+    const QStringList events = cursor.mid(0, 2) != before.mid(0, 2) ? KeyMove
+                               : cursor != before ? QStringList{"KeyDown", "SelChange", "KeyUp"}
+                                                  : QStringList{"KeyDown", "KeyUp"};
+    QCOMPARE(m_log->names, events);
+}
+
+void tst_FlexGridInput::keyHandlers()
+{
+    // A KeyDown handler that sets KeyCode to 0 cancels the move; one that moves the cell
+    // itself gets no second move from the grid. KeyPress and KeyUp see what was typed.
+    QList<short> seen;
+    connect(m_grid, &FlexGrid::KeyDown, m_grid, [this](short& keyCode, short&) {
+        if (keyCode == vbKeyDown)
+            m_grid->setRow(m_grid->Row() + 2);
+        if (keyCode == vbKeyUp)
+            keyCode = 0;
+    });
+    connect(m_grid, &FlexGrid::KeyPress, m_grid, [&seen](short& ascii) { seen << ascii; });
+    connect(m_grid, &FlexGrid::KeyUp, m_grid, [&seen](short& code, short& shift) {
+        if (code != vbKeyShift)
+            seen << code << shift;
+    });
+    run(*m_grid, "Row=2 Col=2");
+    m_log->clear();
+    QTest::keyClick(m_grid, Qt::Key_Up);
+    QTest::keyClick(m_grid, Qt::Key_Down);
+    QCOMPARE(m_grid->Row(), 4);
+    QCOMPARE(m_log->names, QStringList({"KeyDown", "KeyUp"}) + KeyMove);
+    seen.clear();
+    QTest::sendKeyEvent(QTest::Click, m_grid, Qt::Key_A, "A", Qt::ShiftModifier);
+    QTest::sendKeyEvent(QTest::Click, m_grid, Qt::Key_Return, "\r", Qt::NoModifier);
+    QTest::sendKeyEvent(QTest::Click, m_grid, Qt::Key_Escape, "\x1b", Qt::NoModifier);
+    QCOMPARE(seen, QList<short>({'A', vbKeyA, 1, 13, vbKeyReturn, 0, 27, vbKeyEscape, 0}));
+    QCOMPARE(m_grid->Row(), 4); // no built-in reaction to these keys
+}
+
+void tst_FlexGridInput::scrolling_data()
+{
+    QTest::addColumn<int>("viewportHeight");
+    QTest::addColumn<std::function<void(FlexGrid&)>>("action");
+    QTest::addColumn<int>("topRow");
+    QTest::addColumn<int>("leftCol");
+    QTest::addColumn<int>("scrolls");
+
+    using Action = std::function<void(FlexGrid&)>;
+    const auto bar = [](QAbstractSlider::SliderAction action) {
+        return Action([action](FlexGrid& g) { g.verticalScrollBar()->triggerAction(action); });
+    };
+    const auto drag = [](bool track) {
+        return Action([track](FlexGrid& g) {
+            g.setScrollTrack(track);
+            QScrollBar* bar = g.verticalScrollBar();
+            bar->setSliderDown(true);
+            bar->setSliderPosition(6);
+            bar->setSliderPosition(10);
+            QCOMPARE(g.TopRow(), track ? 10 : 1);
+            bar->setSliderDown(false);
+        });
+    };
+    const auto wheelBy = [](QPoint delta) {
+        return Action([delta](FlexGrid& g) { wheel(g, delta); });
+    };
+    const Action notches = [](FlexGrid& g) {
+        wheel(g, {0, -120});
+        wheel(g, {0, -240});
+        wheel(g, {0, 120});
+    };
+    QTest::newRow("wheel: three rows a notch") << 200 << notches << 7 << 1 << 3;
+    // The fixed row and two whole rows: a page is fewer than three rows.
+    QTest::newRow("wheel: a page when fewer fit") << 70 << notches << 5 << 1 << 3;
+    QTest::newRow("wheel sideways") << 200 << wheelBy({-120, 0}) << 1 << 1 << 0;
+    QTest::newRow("bar: line") << 200 << bar(QAbstractSlider::SliderSingleStepAdd) << 2 << 1 << 1;
+    QTest::newRow("bar: page") << 200 << bar(QAbstractSlider::SliderPageStepAdd) << -1 << 1 << 1;
+    QTest::newRow("bar: value") << 200
+                                << Action([](FlexGrid& g) { g.verticalScrollBar()->setValue(7); })
+                                << 7 << 1 << 1;
+    QTest::newRow("thumb, ScrollTrack off") << 200 << drag(false) << 10 << 1 << 1;
+    QTest::newRow("thumb, ScrollTrack on") << 200 << drag(true) << 10 << 1 << 2;
+    QTest::newRow("wheel without a vertical bar") << 200 << Action([](FlexGrid& g) {
+        g.setScrollBars(Flex::flexScrollBarHorizontal);
+        wheel(g, {0, -120});
+    }) << 1 << 1 << 0;
+}
+
+void tst_FlexGridInput::scrolling()
+{
+    QFETCH(int, viewportHeight);
+    QFETCH(std::function<void(FlexGrid&)>, action);
+    QFETCH(int, topRow);
+    QVERIFY(grow());
+    if (topRow < 0) // a page of the bar's
+        topRow = 1 + m_grid->verticalScrollBar()->pageStep();
+    QVERIFY(setViewport(*m_grid, {Viewport.width(), viewportHeight}));
+    m_grid->setRow(2);
+    m_log->clear();
+
+    action(*m_grid);
+
+    QCOMPARE(m_grid->TopRow(), topRow);
+    QTEST(m_grid->LeftCol(), "leftCol");
+    QTEST(int(m_log->count("Scroll")), "scrolls");
+    QCOMPARE(m_log->count("Scroll"), int(m_log->names.size()));
+    QCOMPARE(m_grid->Row(), 2);
+    // Whole rows: the first scrolled row starts right under the fixed row.
+    QCOMPARE(m_grid->RowPos(topRow), RowTwips);
+}
+
+void tst_FlexGridInput::resizing_data()
+{
+    QTest::addColumn<int>("allowUserResizing");
+    QTest::addColumn<bool>("column");
+    QTest::addColumn<int>("drag");
+    QTest::addColumn<int>("size");
+    QTest::newRow("columns, wider") << 1 << true << 30 << ColTwips + 450;
+    QTest::newRow("both, narrower") << 3 << true << -20 << ColTwips - 300;
+    QTest::newRow("columns, down to zero") << 1 << true << -100 << 0;
+    QTest::newRow("none") << 0 << true << 30 << ColTwips;
+    QTest::newRow("rows only, column") << 2 << true << 30 << ColTwips;
+    QTest::newRow("rows") << 2 << false << 10 << RowTwips + 150;
+    QTest::newRow("columns only, row") << 1 << false << 10 << RowTwips;
+}
+
+void tst_FlexGridInput::resizing()
+{
+    QFETCH(int, allowUserResizing);
+    QFETCH(bool, column);
+    QFETCH(int, drag);
+    QFETCH(int, size);
+    m_grid->setAllowUserResizing(allowUserResizing);
+    QWidget* const viewport = m_grid->viewport();
+    // The line right of the header of column 2, or below the header of row 3.
+    const QRect header = column ? cellRect(*m_grid, 0, 2) : cellRect(*m_grid, 3, 0);
+    const QPoint line = column ? QPoint(header.right(), header.center().y())
+                               : QPoint(header.center().x(), header.bottom());
+    const QPoint target = line + (column ? QPoint(drag, 0) : QPoint(0, drag));
+    hover(*m_grid, line);
+    const bool grip = size != (column ? ColTwips : RowTwips) || drag == 0;
+    QCOMPARE(viewport->cursor().shape(), !grip    ? Qt::ArrowCursor
+                                         : column ? Qt::SplitHCursor
+                                                  : Qt::SplitVCursor);
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, line);
+    QTest::mouseMove(viewport, target);
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, target);
+    QCOMPARE(column ? m_grid->ColWidth(2) : m_grid->RowHeight(3), size);
+    // A resize is no header click: the cell stays and no Click follows.
+    QCOMPARE(m_log->names.contains("Click"), !grip);
+}
+
+QTEST_MAIN(tst_FlexGridInput)
+#include "tst_flexgrid_input.moc"
