@@ -45,7 +45,8 @@ shownGrid(const QString& format = QStringLiteral("|A"), int dataRows = 1)
     auto grid = std::make_unique<VemoGridLib::VemoGrid>();
     grid->resize(700, 360);
     grid->setFormatString(format);
-    grid->hostedGrid()->setColWidth(-1, 1200);
+    for (int col = 0; col < grid->Cols(); ++col)
+        grid->hostedGrid()->setColWidth(col, 1200);
     grid->setRowHeightMin(450);
     grid->setRows(1 + dataRows);
     grid->show();
@@ -82,11 +83,14 @@ inline QRect cellRect(const VemoGridLib::VemoGrid& grid, int row, int col)
     return QRect(QPoint(left, top), QPoint(right - 1, bottom - 1));
 }
 
-/// A user's click on the centre of a cell of the grid's hosted grid.
+/// A user's click on the centre of a cell of the grid's hosted grid (at 96 dpi, 15 twips a
+/// pixel).
 inline void clickCell(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
-    QTest::mouseClick(grid.hostedGrid()->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      cellRect(grid, row, col).center());
+    const VemoGridLib::FlexGrid* const flex = grid.hostedGrid();
+    const QPoint centre((flex->ColPos(col) + flex->ColWidth(col) / 2) / 15,
+                        (flex->RowPos(row) + flex->RowHeight(row) / 2) / 15);
+    QTest::mouseClick(flex->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
 }
 
 /// The look of a cell as stored, read without moving the current cell (a copy: later writes
