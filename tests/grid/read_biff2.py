@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Reads a BIFF2 worksheet with xlrd and prints each non-empty cell as
 row<TAB>col<TAB>ctype<TAB>value (zero-based row and column, xlrd's cell type, the value).
 
@@ -6,17 +7,12 @@ Usage: read_biff2.py FILE [ENCODING]
 ENCODING is the code page of the LABEL texts (default cp1252): a BIFF2 file
 without a CODEPAGE record does not say which one it used.
 
-Part 1.8 writes the BOF document type as 10 (0x000A), where BIFF2 names a
-worksheet 0x0010; xlrd refuses any other type, so the copy handed to xlrd
-has that one field corrected. The file itself is only read.
+The writer stores the BOF document type as 10 (0x000A), where xlrd only takes
+a worksheet's 0x0010; the copy handed to xlrd has that one field corrected.
 """
 import sys
 
 import xlrd
-
-BOF_DOCUMENT_TYPE = slice(6, 8)
-SPEC_DOCUMENT_TYPE = b"\x0a\x00"
-WORKSHEET_DOCUMENT_TYPE = b"\x10\x00"
 
 
 def main():
@@ -24,8 +20,8 @@ def main():
     encoding = sys.argv[2] if len(sys.argv) > 2 else "cp1252"
     with open(path, "rb") as stream:
         data = bytearray(stream.read())
-    if data[BOF_DOCUMENT_TYPE] == SPEC_DOCUMENT_TYPE:
-        data[BOF_DOCUMENT_TYPE] = WORKSHEET_DOCUMENT_TYPE
+    if data[6:8] == b"\x0a\x00":
+        data[6:8] = b"\x10\x00"
     book = xlrd.open_workbook(file_contents=bytes(data), encoding_override=encoding)
     sheet = book.sheet_by_index(0)
     out = open(sys.stdout.fileno(), "w", encoding="utf-8", closefd=False)

@@ -1,4 +1,5 @@
-// The recording message handler the tests install (Part 1.12, ARCHITECTURE.md "message box").
+// SPDX-License-Identifier: MIT
+// The recording message handler the tests install instead of modal message boxes.
 #pragma once
 
 #include <VemoGridLib/Messages.h>

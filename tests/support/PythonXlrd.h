@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Python that reads the exported worksheets back (the Excel read-back tests).
 #pragma once
 

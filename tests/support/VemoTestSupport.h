@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Helpers shared by the test executables: caught errors, VB dates, and scoped locales.
 #pragma once
 
