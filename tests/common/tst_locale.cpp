@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The locale variables: which one wins, the LCID and language it names, ANSI code pages.
+// The locale variables: which one wins, the LCID, language, messages and ANSI code page.
 #include <VemoGridLib/Locale.h>
+#include <VemoGridLib/Messages.h>
 #include <VemoGridLib/VbLocale.h>
 
+#include "MessageRecorder.h"
 #include "VemoTestSupport.h"
 
 #include <QTest>
@@ -17,34 +19,36 @@ class tst_Locale : public QObject
 private slots:
     void systemLocale_data()
     {
-        QTest::addColumn<QByteArray>("lcAll");
-        QTest::addColumn<QByteArray>("lcMessages");
-        QTest::addColumn<QByteArray>("lang");
+        QTest::addColumn<QByteArray>("variables"); // LC_ALL|LC_MESSAGES|LANG
         QTest::addColumn<quint32>("lcid");
         QTest::addColumn<int>("index");
-        const auto row = [](const char* lcAll, const char* lcMessages, const char* lang,
-                            quint32 lcid, LanguageIndex index) {
-            QTest::addRow("%s|%s|%s", lcAll, lcMessages, lang)
-                << QByteArray(lcAll) << QByteArray(lcMessages) << QByteArray(lang) << lcid
-                << int(index);
+        QTest::addColumn<QString>("message"); // text|title of RefusedEmptyLine
+        const auto row = [](const char* variables, quint32 lcid, LanguageIndex index,
+                            const QString& message = u"Do not allow add a null line!|PROMPT"_s) {
+            QTest::newRow(variables) << QByteArray(variables) << lcid << int(index) << message;
         };
-        row("", "", "zh_CN.UTF-8@stroke", 2052, SimplifiedChinese);
-        row("", "", "zh_TW.UTF-8", 1028, TraditionalChinese);
-        row("", "", "zh-HK", 3076, English);
-        row("", "", "fr_CA.UTF-8", 1036, English); // the language alone
-        row("zh_TW.Big5", "en_US.UTF-8", "zh_CN.UTF-8", 1028, TraditionalChinese);
-        row("", "zh_CN.GB18030", "en_US.UTF-8", 2052, SimplifiedChinese);
-        row("C", "", "zh_CN.UTF-8", 1033, English);
-        row("", "", "", 1033, English);
+        row("||zh_CN.UTF-8@stroke", 2052, SimplifiedChinese, u"不允许添加空行!|提示"_s);
+        row("||zh_TW.UTF-8", 1028, TraditionalChinese, u"不允許添加空行!|提示"_s);
+        row("||zh-HK", 3076, English);
+        row("||fr_CA.UTF-8", 1036, English); // the language alone
+        row("zh_TW.Big5|en_US.UTF-8|zh_CN.UTF-8", 1028, TraditionalChinese,
+            u"不允許添加空行!|提示"_s);
+        row("|zh_CN.GB18030|en_US.UTF-8", 2052, SimplifiedChinese, u"不允许添加空行!|提示"_s);
+        row("C||zh_CN.UTF-8", 1033, English);
+        row("||", 1033, English);
     }
     void systemLocale()
     {
-        QFETCH(QByteArray, lcAll);
-        QFETCH(QByteArray, lcMessages);
-        QFETCH(QByteArray, lang);
-        const VemoTest::ScopedLocale environment(lcAll, lcMessages, lang);
+        QFETCH(QByteArray, variables);
+        const QList<QByteArray> v = variables.split('|');
+        const VemoTest::ScopedLocale environment(v[0], v[1], v[2]);
         QTEST(systemDefaultLcid(), "lcid");
         QTEST(int(languageIndex()), "index");
+        VemoTest::MessageRecorder recorder;
+        showMessage(MessageId::RefusedEmptyLine);
+        const Message m = recorder.messages.value(0);
+        QCOMPARE(m.icon, MessageIcon::Information);
+        QTEST(m.text + u'|' + m.title, "message");
     }
 
     void userLocaleReadsLcTime()
@@ -73,6 +77,23 @@ private slots:
         QFETCH(QString, text);
         const VemoTest::ScopedLocale environment(lang);
         QTEST(VemoGridLib::toAnsiCodePage(text), "bytes");
+    }
+
+    void handlersCanBeReplaced()
+    {
+        VemoTest::MessageRecorder recorder;
+        const VemoTest::ScopedLocale environment("en_GB.UTF-8");
+        showMessage(MessageId::BadOperator); // English has no title here
+        QCOMPARE(recorder.messages,
+                 QList<Message>({{u"Operator ERROR"_s, {}, MessageIcon::Critical}}));
+        // Under QCoreApplication the default box has nowhere to show and returns at once.
+        const MessageHandler original = setMessageHandler({});
+        showMessage(MessageId::BadOperator);
+        setMessageHandler(original);
+        const ShellOpenHandler previous =
+            setShellOpenHandler([](const QString& target) { return target.startsWith(u"http"); });
+        QVERIFY(shellOpen(u"http://example.com/invoice/7"_s) && !shellOpen(u"C:\\invoice.txt"_s));
+        setShellOpenHandler(previous);
     }
 };
 

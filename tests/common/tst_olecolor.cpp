@@ -63,8 +63,7 @@ private slots:
         QCOMPARE(toQColor(ole, palette), palette.color(group, role));
     }
 
-    // An unused or out-of-table system index and Windows's palette forms are no colour; RGB()
-    // refuses a negative component.
+    // Unused or out-of-table system indexes and palette forms are no colour; RGB() refuses -1.
     void invalidValues()
     {
         for (const OleColor ole : {0x80000019u, 0x8000001Fu, 0x01000005u, 0x40000000u})

@@ -12,18 +12,6 @@
 
 using namespace VemoGridLib;
 
-namespace {
-/// A paint device whose logical dpi is `dpiX` × `dpiY` (QImage stores dots per metre).
-QImage deviceWithDpi(int dpiX, int dpiY)
-{
-    QImage image(1, 1, QImage::Format_RGB32);
-    image.setDotsPerMeterX(qRound(dpiX / 0.0254));
-    image.setDotsPerMeterY(qRound(dpiY / 0.0254));
-    return image;
-}
-
-} // namespace
-
 class TestTwips : public QObject
 {
     Q_OBJECT
@@ -49,7 +37,11 @@ private slots:
         QFETCH(int, twips);
         QFETCH(int, pixels);
         // The other axis has another dpi, so reading the wrong one shows.
-        const QImage wide = deviceWithDpi(dpi, 72), tall = deviceWithDpi(72, dpi);
+        QImage wide(1, 1, QImage::Format_RGB32), tall = wide;
+        wide.setDotsPerMeterX(qRound(dpi / 0.0254));
+        wide.setDotsPerMeterY(qRound(72 / 0.0254));
+        tall.setDotsPerMeterX(qRound(72 / 0.0254));
+        tall.setDotsPerMeterY(qRound(dpi / 0.0254));
         QTEST(twipsToPixelsX(twips, &wide), "pixels");
         QTEST(twipsToPixelsY(twips, &tall), "pixels");
         QTEST(pixelsToTwipsX(pixels, &wide), "backToTwips");
@@ -61,10 +53,9 @@ private slots:
     void withoutDpiTheScreenCounts()
     {
         const QImage null; // reports 0 dpi
-        const int dpiX = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX());
-        const int dpiY = qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchY());
-        QCOMPARE(twipsToPixelsX(1440, nullptr), dpiX);
-        QCOMPARE(pixelsToTwipsY(dpiY, &null), 1440);
+        const QScreen* screen = QGuiApplication::primaryScreen();
+        QCOMPARE(twipsToPixelsX(1440, nullptr), qRound(screen->logicalDotsPerInchX()));
+        QCOMPARE(pixelsToTwipsY(qRound(screen->logicalDotsPerInchY()), &null), 1440);
     }
 };
 

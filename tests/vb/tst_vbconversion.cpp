@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Number conversions: the IsNumeric/CDbl scanner, its fast plain-decimal reader and Val side
-// by side with CBool, CStr's general number form, Round/CLng/CInt (halves to even).
+// Conversions: IsNumeric/CDbl, the fast decimal reader, Val, CBool, CStr, Round/CLng/CInt;
+// Trim and InStr.
 #include <VemoGridLib/VbConversion.h>
+#include <VemoGridLib/VbStrings.h>
 
 #include "VemoTestSupport.h"
 
@@ -15,6 +16,7 @@
 
 using namespace VemoGridLib;
 using namespace VemoGridLib::vb;
+using namespace Qt::StringLiterals;
 
 namespace {
 constexpr VbLocale En = VbLocale::EnUS, Zh = VbLocale::ZhCN;
@@ -97,7 +99,6 @@ private slots:
         row(u"#False#", En, Mismatch, 0, Mismatch);
         row(u"Yes", En, Mismatch, 0, Mismatch);
         row(u"\uFFE55", Zh, 5, Skip);
-        // The plain-decimal reader's exact-digit paths: beyond 2^53, 23 places, 30 digits.
         row(u"-9,007,199,254,740,993", En, -9007199254740993.0, Skip);
         row(u"0.00000000000000000000001", En, 1e-23, Skip);
         row(u"123456789012345678901234567890", En, 123456789012345678901234567890.0, Skip);
@@ -117,26 +118,23 @@ private slots:
             return;
         QCOMPARE(IsNumeric(text, locale), cdbl > -1e300);
         QCOMPARE(NumericValue(text, locale).value_or(Mismatch), cdbl > -1e300 ? cdbl : Mismatch);
-        double plain = 0; // the fast reader may decline a numeric text, never misread one
+        double plain = 0; // the fast reader may decline a text, never misread one
         if (ReadPlainDecimal(text, plain))
             QCOMPARE(std::bit_cast<quint64>(plain), std::bit_cast<quint64>(cdbl));
     }
 
-    void readPlainDecimalRoundsAsFromChars()
+    void readPlainDecimalRoundsAsFromChars() // random decimals read as std::from_chars does
     {
-        // Random plain decimals of 1 to 19 digits, the point anywhere: each must read to the
-        // very double that the correctly rounding std::from_chars reads.
         std::mt19937_64 random(20261121);
-        for (int i = 0; i < 50000; ++i) {
-            const int digits = int(random() % 19) + 1;
-            const int point = int(random() % (digits + 1));
+        for (int i = 0; i < 20000; ++i) {
             std::string ascii = random() % 2 ? "-" : "";
+            const int digits = int(random() % 19) + 1, point = int(random() % (digits + 1));
             for (int d = 0; d < digits; ++d)
                 ascii += (d == point && point > 0 ? "." : "") + std::string(1, '0' + random() % 10);
             double expected = 0, value = 0;
             std::from_chars(ascii.data(), ascii.data() + ascii.size(), expected);
-            QVERIFY2(ReadPlainDecimal(QString::fromStdString(ascii), value), ascii.c_str());
-            QVERIFY2(std::bit_cast<quint64>(value) == std::bit_cast<quint64>(expected),
+            QVERIFY2(ReadPlainDecimal(QString::fromStdString(ascii), value) &&
+                         std::bit_cast<quint64>(value) == std::bit_cast<quint64>(expected),
                      ascii.c_str());
         }
     }
@@ -191,6 +189,58 @@ private slots:
         check([&] { return CLng(value); }, clng);
         check([&] { return CInt(value); }, cint);
         check([&] { return CLng(CStr(value), En); }, std::isnan(value) ? Skip : clng);
+    }
+
+    void trim()
+    {
+        const QString text = u" \t1\u00A0 a  "_s; // only U+0020 spaces go
+        QCOMPARE(Trim(text), u"\t1\u00A0 a"_s);
+        QCOMPARE(TrimmedView(text), u"\t1\u00A0 a"_s);
+        QCOMPARE(LTrim(text), u"\t1\u00A0 a  "_s);
+        QCOMPARE(RTrim(text), u" \t1\u00A0 a"_s);
+        QCOMPARE(Trim(u"   "_s), QString());
+    }
+
+    void inStr_data()
+    {
+        QTest::addColumn<int>("start");
+        QTest::addColumn<QString>("s1");
+        QTest::addColumn<QString>("s2");
+        QTest::addColumn<CompareMethod>("compare");
+        QTest::addColumn<int>("position"); // -1: error 5
+        const auto row = [](const char* name, int start, const char16_t* s1, const char16_t* s2,
+                            CompareMethod compare, int position) {
+            QTest::newRow(name) << start << QString::fromUtf16(s1) << QString::fromUtf16(s2)
+                                << compare << position;
+        };
+        const CompareMethod binary = vbBinaryCompare, text = vbTextCompare;
+        row("binary P", 1, u"XXpXXpXXPXXP", u"P", binary, 9);
+        row("text P from 4", 4, u"XXpXXpXXPXXP", u"P", text, 6);
+        row("s1 empty", 1, u"", u"a", binary, 0);
+        row("start past the end", 4, u"abc", u"c", binary, 0);
+        row("s2 empty gives start", 3, u"abc", u"", binary, 3);
+        row("s2 empty beyond the end", 5, u"abc", u"", binary, 0);
+        row("start 0", 0, u"abc", u"a", binary, -1);
+        row("text full-width upper vs lower", 1, u"x\uFF41", u"\uFF21", text, 2);
+        row("half-width katakana with voiced mark", 1, u"\uFF76\uFF9E\uFF77\uFF9E", u"\u30AE", text,
+            3);
+        row("precomposed needle, combining text", 1, u"cafe\u0301", u"\u00E9", text, 4);
+        row("base letter misses an accented one", 1, u"caf\u00E9", u"e", text, 0);
+        row("after a character that folds longer", 1, u"stra\u00DFe!", u"!", text, 7);
+        row("after a surrogate pair", 1, u"\U0001F600A", u"a", text, 3);
+    }
+    void inStr()
+    {
+        QFETCH(int, start);
+        QFETCH(QString, s1);
+        QFETCH(QString, s2);
+        QFETCH(CompareMethod, compare);
+        QFETCH(int, position);
+        int actual = 0;
+        const int error = VemoTest::errorNumberOf([&] { actual = InStr(start, s1, s2, compare); });
+        QCOMPARE(position < 0 ? error : actual, position < 0 ? 5 : position);
+        if (start == 1 && compare == vbBinaryCompare)
+            QCOMPARE(InStr(s1, s2), position);
     }
 };
 
