@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// VemoGrid's saved properties: the defaults read from an empty bag, what a default grid writes,
-// the order sizes are applied in, values coerced or refused on reading, and the round trip
-// through MemoryPropertyBag's JSON.
+// VemoGrid's saved properties: read defaults, what a default grid writes, the order sizes are
+// applied in, values coerced or refused on reading, and the round trip through JSON.
 #include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/MemoryPropertyBag.h>
 #include <VemoGridLib/VemoGrid.h>
@@ -20,7 +19,6 @@ QVariant int16(qint16 value)
 {
     return QVariant::fromValue(value);
 }
-
 QVariant colour(OleColor value)
 {
     return QVariant::fromValue(value);
@@ -38,8 +36,7 @@ struct Saved
     QVariant readDefault; // what an empty bag gives; invalid for the ambient fonts
 };
 
-/// Every saved property, in an order the setters accept: the model first (binding reshapes the
-/// grid), the sizes before the format string.
+/// Every saved property, the model first (binding reshapes the grid), sizes before the format.
 std::vector<Saved> savedProperties(QAbstractItemModel* model)
 {
     // clang-format off
@@ -120,157 +117,146 @@ class tst_Properties : public QObject
     Q_OBJECT
 
 private slots:
-    void emptyBagGivesReadDefaults();
-    void defaultGridWritesOnlyDriftsAndFonts();
-    void roundTripThroughJson();
-    void sizesAndFormatString();
-    void readValues_data();
-    void readValues();
+
+    // A grid with every property changed, loaded from an empty bag, and what a default grid writes.
+    void emptyBagGivesReadDefaults()
+    {
+        QStandardItemModel model(4, 3);
+        QWidget form;
+        form.setFont(QFont(QStringLiteral("DejaVu Sans"), 17));
+        VemoGrid grid(&form);
+        applyChanged(grid, &model);
+
+        grid.ReadProperties(MemoryPropertyBag());
+
+        for (const Saved& saved : savedProperties(&model)) {
+            // The fonts default to the container's.
+            const QVariant expected =
+                saved.readDefault.isValid() ? saved.readDefault : QVariant::fromValue(form.font());
+            VERIFY_SAME(saved.name, grid.property(saved.name), expected);
+        }
+        QCOMPARE(grid.hostedGrid()->Font(), form.font());
+        QCOMPARE(VemoTest::errorNumberOf([&] { grid.Column(2); }), 9);
+
+        VemoGrid topLevel;
+        topLevel.setFont(fixedFont());
+        topLevel.ReadProperties(MemoryPropertyBag());
+        QCOMPARE(topLevel.Font(), QApplication::font());
+
+        // Only the three colours whose read and write defaults differ, and the fonts, are stored.
+        MemoryPropertyBag bag;
+        grid.WriteProperties(bag);
+        QCOMPARE(bag.names(), QStringList({"BackColorSel", "ForeColorSel", "ForeColorFixed", "Font",
+                                           "FontFixed"}));
+        QCOMPARE(bag.value(QStringLiteral("ForeColorSel")).value<OleColor>(), OleColor(0));
+        // Written at its write default, a drifting colour comes back as the read default.
+        grid.setBackColorSel(0xCEB2AD);
+        bag = MemoryPropertyBag();
+        grid.WriteProperties(bag);
+        QVERIFY(!bag.contains(QStringLiteral("BackColorSel")));
+        grid.ReadProperties(bag);
+        QCOMPARE(grid.BackColorSel(), OleColor(0x8000000D));
+    }
+
+    void roundTripThroughJson()
+    {
+        QStandardItemModel model(4, 3);
+        VemoGrid original;
+        applyChanged(original, &model);
+        MemoryPropertyBag saved;
+        original.WriteProperties(saved);
+        QCOMPARE(saved.names().size(), 52);
+
+        // In memory the model goes with the bag and, bound after the sizes, shapes the grid.
+        VemoGrid inMemory;
+        inMemory.ReadProperties(
+            bagWith({{"DataSource", QVariant::fromValue<QAbstractItemModel*>(&model)}}));
+        QCOMPARE(inMemory.DataSource(), &model);
+        QCOMPARE(inMemory.Rows(), 5);
+        QVERIFY(inMemory.Column(3));
+
+        QStringList leftOut;
+        QString error;
+        const MemoryPropertyBag restored =
+            MemoryPropertyBag::fromJson(saved.toJson(&leftOut), &error);
+        QCOMPARE(leftOut, QStringList({"DataSource"}));
+        QCOMPARE(error, QString());
+        VemoGrid loaded;
+        loaded.ReadProperties(restored);
+        for (const Saved& property : savedProperties(&model)) {
+            if (qstrcmp(property.name, "DataSource") != 0)
+                VERIFY_SAME(property.name, loaded.property(property.name),
+                            original.property(property.name));
+        }
+    }
+
+    void sizesAndFormatString()
+    {
+        // Rows reaches the hosted grid before FixedRows, which would be refused the other way
+        // round.
+        VemoGrid grid;
+        grid.ReadProperties(bagWith({{"FixedRows", int16(3)}, {"Rows", 5}, {"Cols", 4}}));
+        QCOMPARE(grid.FixedRows(), 3);
+        QVERIFY(grid.Column(3));
+        // The grid's own Rows setter runs last and raises the fixed counts to 1.
+        grid.ReadProperties(bagWith({{"FixedRows", int16(0)}, {"FixedCols", int16(0)}}));
+        QCOMPARE(grid.FixedRows(), 1);
+        QCOMPARE(grid.FixedCols(), 1);
+
+        // A FormatString of more columns than Cols wins, with a Column for each; at design time
+        // the Column array is left alone.
+        grid.ReadProperties(
+            bagWith({{"Cols", int16(3)}, {"FormatString", QStringLiteral("A|B|C|D")}}));
+        QCOMPARE(grid.Cols(), 4);
+        QVERIFY(grid.Column(3) != grid.Column(2));
+        grid.setUserMode(false);
+        grid.ReadProperties(bagWith({{"FormatString", QStringLiteral("A|B|C|D|E|F")}}));
+        QCOMPARE(grid.Cols(), 6);
+        QCOMPARE(VemoTest::errorNumberOf([&] { grid.Column(4); }), 9);
+    }
+
+    void readValues_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("stored");
+        QTest::addColumn<QVariant>("expected"); // invalid: refused, the value set before stays
+
+        // Coerced as VB does.
+        QTest::newRow("numeric text") << "Cols" << QVariant(" 7 ") << QVariant(7);
+        QTest::newRow("half to even, up") << "ScrollNum" << QVariant(3.5) << QVariant(4);
+        QTest::newRow("True is -1") << "WordWrap" << QVariant(-1) << QVariant(true);
+        QTest::newRow("boolean as text") << "FormatString" << QVariant(true) << QVariant("True");
+        QTest::newRow("number as text") << "AutoCalcOPE" << QVariant(5) << QVariant("5");
+        QTest::newRow("font as text")
+            << "FontFixed" << QVariant(fixedFont().toString()) << QVariant::fromValue(fixedFont());
+        QTest::newRow("signed Long colour")
+            << "BackColorFixed" << QVariant(-2147483633) << colour(0x8000000F);
+        // Refused by the hosted grid or by the coercion.
+        QTest::newRow("GridLines 99") << "GridLines" << QVariant(99) << QVariant();
+        QTest::newRow("ScrollNum beyond 16 bits") << "ScrollNum" << QVariant(40000) << QVariant();
+        QTest::newRow("colour beyond 32 bits")
+            << "BackColorSel" << QVariant(qint64(0x100000000)) << QVariant();
+        QTest::newRow("a font as boolean")
+            << "Enabled" << QVariant::fromValue(fixedFont()) << QVariant();
+        QTest::newRow("not a model")
+            << "DataSource" << QVariant::fromValue<QObject*>(qApp) << QVariant();
+    }
+
+    void readValues()
+    {
+        QFETCH(QString, name);
+        QFETCH(QVariant, stored);
+        QFETCH(QVariant, expected);
+        VemoGrid grid;
+        const QVariant before = grid.property(qPrintable(name));
+
+        // A refused value is skipped; the next property is still applied.
+        grid.ReadProperties(bagWith({{name, stored}, {"LunarCalendar", true}}));
+
+        VERIFY_SAME(name, grid.property(qPrintable(name)), expected.isValid() ? expected : before);
+        QVERIFY(grid.LunarCalendar());
+    }
 };
-
-// A grid with every property changed, loaded from an empty bag.
-void tst_Properties::emptyBagGivesReadDefaults()
-{
-    QStandardItemModel model(4, 3);
-    QWidget form;
-    form.setFont(QFont(QStringLiteral("DejaVu Sans"), 17));
-    VemoGrid grid(&form);
-    applyChanged(grid, &model);
-
-    grid.ReadProperties(MemoryPropertyBag());
-
-    for (const Saved& saved : savedProperties(&model)) {
-        // The fonts default to the container's.
-        const QVariant expected =
-            saved.readDefault.isValid() ? saved.readDefault : QVariant::fromValue(form.font());
-        VERIFY_SAME(saved.name, grid.property(saved.name), expected);
-    }
-    QCOMPARE(grid.hostedGrid()->Font(), form.font());
-    QCOMPARE(VemoTest::errorNumberOf([&] { grid.Column(2); }), 9);
-
-    VemoGrid topLevel;
-    topLevel.setFont(fixedFont());
-    topLevel.ReadProperties(MemoryPropertyBag());
-    QCOMPARE(topLevel.Font(), QApplication::font());
-}
-
-// Only the three colours whose read and write defaults differ, and the fonts, which have no
-// write default, are stored.
-void tst_Properties::defaultGridWritesOnlyDriftsAndFonts()
-{
-    VemoGrid grid;
-    grid.setForeColorSel(0x123456);
-    grid.ReadProperties(MemoryPropertyBag());
-    MemoryPropertyBag bag;
-    grid.WriteProperties(bag);
-    QCOMPARE(bag.names(),
-             QStringList({"BackColorSel", "ForeColorSel", "ForeColorFixed", "Font", "FontFixed"}));
-    QCOMPARE(bag.value(QStringLiteral("ForeColorSel")).value<OleColor>(), OleColor(0));
-
-    // Written at its write default, a drifting colour comes back as the read default.
-    grid.setBackColorSel(0xCEB2AD);
-    bag = MemoryPropertyBag();
-    grid.WriteProperties(bag);
-    QVERIFY(!bag.contains(QStringLiteral("BackColorSel")));
-    grid.ReadProperties(bag);
-    QCOMPARE(grid.BackColorSel(), OleColor(0x8000000D));
-}
-
-void tst_Properties::roundTripThroughJson()
-{
-    QStandardItemModel model(4, 3);
-    VemoGrid original;
-    applyChanged(original, &model);
-    MemoryPropertyBag saved;
-    original.WriteProperties(saved);
-    QCOMPARE(saved.names().size(), 52);
-
-    // In memory the model goes with the bag and, bound after the sizes, shapes the grid.
-    VemoGrid inMemory;
-    inMemory.ReadProperties(
-        bagWith({{"DataSource", QVariant::fromValue<QAbstractItemModel*>(&model)}}));
-    QCOMPARE(inMemory.DataSource(), &model);
-    QCOMPARE(inMemory.Rows(), 5);
-    QVERIFY(inMemory.Column(3));
-
-    QStringList leftOut;
-    QString error;
-    const MemoryPropertyBag restored = MemoryPropertyBag::fromJson(saved.toJson(&leftOut), &error);
-    QCOMPARE(leftOut, QStringList({"DataSource"}));
-    QCOMPARE(error, QString());
-    VemoGrid loaded;
-    loaded.ReadProperties(restored);
-    for (const Saved& property : savedProperties(&model)) {
-        if (qstrcmp(property.name, "DataSource") != 0)
-            VERIFY_SAME(property.name, loaded.property(property.name),
-                        original.property(property.name));
-    }
-}
-
-void tst_Properties::sizesAndFormatString()
-{
-    // Rows reaches the hosted grid before FixedRows, which would be refused the other way round.
-    VemoGrid grid;
-    grid.ReadProperties(bagWith({{"FixedRows", int16(3)}, {"Rows", 5}, {"Cols", 4}}));
-    QCOMPARE(grid.FixedRows(), 3);
-    QVERIFY(grid.Column(3));
-    // The grid's own Rows setter runs last and raises the fixed counts to 1.
-    grid.ReadProperties(bagWith({{"FixedRows", int16(0)}, {"FixedCols", int16(0)}}));
-    QCOMPARE(grid.FixedRows(), 1);
-    QCOMPARE(grid.FixedCols(), 1);
-
-    // A FormatString of more columns than Cols wins, with a Column for each; at design time
-    // the Column array is left alone.
-    grid.ReadProperties(bagWith({{"Cols", int16(3)}, {"FormatString", QStringLiteral("A|B|C|D")}}));
-    QCOMPARE(grid.Cols(), 4);
-    QVERIFY(grid.Column(3) != grid.Column(2));
-    grid.setUserMode(false);
-    grid.ReadProperties(bagWith({{"FormatString", QStringLiteral("A|B|C|D|E|F")}}));
-    QCOMPARE(grid.Cols(), 6);
-    QCOMPARE(VemoTest::errorNumberOf([&] { grid.Column(4); }), 9);
-}
-
-void tst_Properties::readValues_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("stored");
-    QTest::addColumn<QVariant>("expected"); // invalid: refused, the value set before stays
-
-    // Coerced as VB does.
-    QTest::newRow("numeric text") << "Cols" << QVariant(" 7 ") << QVariant(7);
-    QTest::newRow("half to even, up") << "ScrollNum" << QVariant(3.5) << QVariant(4);
-    QTest::newRow("True is -1") << "WordWrap" << QVariant(-1) << QVariant(true);
-    QTest::newRow("boolean as text") << "FormatString" << QVariant(true) << QVariant("True");
-    QTest::newRow("number as text") << "AutoCalcOPE" << QVariant(5) << QVariant("5");
-    QTest::newRow("font as text") << "FontFixed" << QVariant(fixedFont().toString())
-                                  << QVariant::fromValue(fixedFont());
-    QTest::newRow("signed Long colour")
-        << "BackColorFixed" << QVariant(-2147483633) << colour(0x8000000F);
-    // Refused by the hosted grid or by the coercion.
-    QTest::newRow("GridLines 99") << "GridLines" << QVariant(99) << QVariant();
-    QTest::newRow("ScrollNum beyond 16 bits") << "ScrollNum" << QVariant(40000) << QVariant();
-    QTest::newRow("colour beyond 32 bits")
-        << "BackColorSel" << QVariant(qint64(0x100000000)) << QVariant();
-    QTest::newRow("a font as boolean")
-        << "Enabled" << QVariant::fromValue(fixedFont()) << QVariant();
-    QTest::newRow("not a model") << "DataSource" << QVariant::fromValue<QObject*>(qApp)
-                                 << QVariant();
-}
-
-void tst_Properties::readValues()
-{
-    QFETCH(QString, name);
-    QFETCH(QVariant, stored);
-    QFETCH(QVariant, expected);
-    VemoGrid grid;
-    const QVariant before = grid.property(qPrintable(name));
-
-    // A refused value is skipped; the next property is still applied.
-    grid.ReadProperties(bagWith({{name, stored}, {"LunarCalendar", true}}));
-
-    VERIFY_SAME(name, grid.property(qPrintable(name)), expected.isValid() ? expected : before);
-    QVERIFY(grid.LunarCalendar());
-}
 
 QTEST_MAIN(tst_Properties)
 #include "tst_properties.moc"

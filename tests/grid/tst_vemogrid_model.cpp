@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A model-based random test of VemoGrid: random sequences of row additions (with the empty-line
-// rule and automatic numbering), removals, typed cell writes, size and FormatString changes,
-// sorts, Clear and save/load round trips, each step checked against a plain model of the grid's
-// texts and settings that this file keeps on its own.
-//
-// The run is reproducible from its seed. Environment:
-//   VEMO_MODEL_SEED=<n>   the seed (default 20261124)
-//   VEMO_MODEL_STEPS=<n>  the number of operations (default 8000: under a second in Debug,
-//                         a few seconds under the sanitizers)
-// A failure names the seed, the step and the difference, and prints the operation log; rerun
-// with the same seed and VEMO_MODEL_STEPS=<step> to stop right at the failing step.
+// Random row additions, removals, typed writes, resizes, FormatStrings, sorts, Clear and save/load
+// checked step by step against a plain model. Replay: VEMO_MODEL_SEED=<n> VEMO_MODEL_STEPS=<step>.
 #include <VemoGridLib/Column.h>
 #include <VemoGridLib/MemoryPropertyBag.h>
 #include <VemoGridLib/Messages.h>
@@ -39,8 +30,7 @@ struct ColumnModel
     QString format;
 };
 
-/// What the grid should hold: raw cell texts (row 0 the header row, column 0 the fixed column),
-/// the Column array, the current row and the settings that steer the operations.
+/// Raw cell texts (row 0 the header, column 0 the fixed column), the columns and settings.
 struct GridModel
 {
     QList<QStringList> cells{QStringList(2), QStringList(2)};
@@ -57,12 +47,9 @@ struct GridModel
     int typedCols() const { return std::min(cols, int(columns.size())); }
     VemoGridColType typeOf(int c) const { return c < columns.size() ? columns[c].type : eTextBox; }
 
-    /// A check-box cell reads "True" for the checked marker only.
-    QString shown(int r, int c) const
+    QString shown(int r, int c) const // a check box reads "True" for the exact marker only
     {
-        if (typeOf(c) != eCheckBox)
-            return cells[r][c];
-        return cells[r][c] == Checked ? QStringLiteral("True") : QStringLiteral("False");
+        return typeOf(c) != eCheckBox ? cells[r][c] : cells[r][c] == Checked ? "True" : "False";
     }
 
     void resize(int newRows, int newCols)
@@ -73,19 +60,15 @@ struct GridModel
         cols = newCols;
     }
 
-    /// The colouring pass gives every empty cell of an AutoAdd column its row index.
-    void numberFrom(int row)
+    void numberFrom(int row) // the colouring pass numbers empty AutoAdd cells with their row
     {
         for (int c = 1; c < typedCols(); ++c) {
-            for (int r = std::max(row, 1); columns[c].autoAdd && r < rows(); ++r) {
-                if (cells[r][c].isEmpty())
-                    cells[r][c] = QString::number(r);
-            }
+            for (int r = std::max(row, 1); columns[c].autoAdd && r < rows(); ++r)
+                cells[r][c] = cells[r][c].isEmpty() ? QString::number(r) : cells[r][c];
         }
     }
 
-    /// False when the empty-line rule refuses the row: the current row is empty (an unchecked
-    /// box counts as empty) and NullLine is off.
+    /// False when the empty-line rule refuses: an empty current row (an unchecked box is empty).
     bool addItem(const QString& item, int index)
     {
         bool empty = true;
@@ -98,10 +81,9 @@ struct GridModel
         QStringList fields = item.split(u'\t').mid(0, cols);
         fields.resize(cols);
         cells.insert(newRow, fields);
-        for (int c = 1; c < typedCols(); ++c) {
+        for (int c = 1; c < typedCols(); ++c)
             if (columns[c].type != eCheckBox && columns[c].autoAdd && fields[c].isEmpty())
                 cells[newRow][c] = QString::number(runningNumber++);
-        }
         numberFrom(newRow);
         current = newRow;
         return true;
@@ -117,8 +99,7 @@ struct GridModel
         current = std::min(index, rows() - 1);
     }
 
-    /// The hosted grid's FormatString: header texts of row 0, more columns when it names more.
-    void applyFormat()
+    void applyFormat() // header texts; more columns when it names more
     {
         const QStringList segments = formatString.split(u'|');
         if (formatString.isEmpty())
@@ -152,7 +133,6 @@ struct GridModel
         numberFrom(1);
     }
 
-    /// The typed write; for dates the VB runtime's own conversion is the oracle.
     void write(int r, int c, const QString& value)
     {
         const ColumnModel& column = columns[c];
@@ -167,9 +147,7 @@ struct GridModel
         }
     }
 
-    /// A grid read from a saved bag: sizes, FormatString and NullLine survive; cells, Column
-    /// settings, the running number and the sort state do not.
-    void reload()
+    void reload() // only sizes, FormatString and NullLine are saved
     {
         cells = QList<QStringList>(rows(), QStringList(cols));
         applyFormat();
@@ -182,19 +160,18 @@ struct GridModel
     void sort(int col, VemoGridSortMode direction);
 };
 
-/// Below 0, 0 or above 0 as `a` sorts before, with or after `b` under `type`; numbers and dates
-/// are read by the VB runtime.
+/// Below 0, 0 or above 0 as `a` sorts before, with or after `b` under `type`.
 int compareCells(VemoSortTypeConstants type, const QString& a, const QString& b)
 {
     const auto number = [](const QString& text) {
         return vb::NumericValue(text).value_or(0);
     };
     // Generic: empty texts first, then numbers by value, then other texts by code unit.
-    const auto rank = [](const QString& text) {
-        return text.isEmpty() ? 0 : (vb::NumericValue(text) ? 1 : 2);
+    const auto rank = [](const QString& t) {
+        return t.isEmpty() ? 0 : vb::NumericValue(t) ? 1 : 2;
     };
-    const auto dateKey = [](const QString& text) {
-        return vb::Format(text, QStringLiteral("yyyymmddHhNnSs")).toLower();
+    const auto dateKey = [](const QString& t) {
+        return vb::Format(t, "yyyymmddHhNnSs").toLower();
     };
     if (type == VemoSortNumeric || type == VemoSortCurrency ||
         (type == VemoSortGeneric && rank(a) == 1 && rank(b) == 1))
@@ -216,7 +193,6 @@ void GridModel::sort(int col, VemoGridSortMode direction)
         direction == SortNone ? lastSorted != col || !ascending : direction == SortAscending;
     lastSorted = col;
     const VemoSortTypeConstants type = columns[col].sortType;
-    // The hosted grid's sort is stable: rows with equal keys keep their order.
     std::stable_sort(
         cells.begin() + 1, cells.end(), [&](const QStringList& a, const QStringList& b) {
             const int result = type == VemoSortNone ? 0 : compareCells(type, a[col], b[col]);
@@ -230,24 +206,24 @@ QStringList listOf(const char* values)
     return QString::fromLatin1(values).split(u'|');
 }
 
-/// Values by column type: long texts share a 16-character prefix, numbers mix signs, decimals
-/// and a thousands separator, dates mix ISO forms, times, an impossible day and non-dates.
+/// Values by column type: texts sharing a 16-character prefix, signed and grouped numbers, dates
+/// in several forms, an impossible day and non-dates.
 const QStringList TextValues =
     listOf("apple|Apple|APPLE|pear|Pear|b|B|a|10|9|-2|1a|shared-prefix-long|"
            "shared-prefix-long-1|shared-prefix-long-2|SHARED-PREFIX-LONG-1");
 const QStringList NumberValues = listOf("0|1|-1|12|9|10|2.5|-3.75|100|0.5|1000000|abc|1,234.5");
-const QStringList CheckValues = listOf(".|`|x|0|-1|True|False|yes");
+const QStringList CheckValues = listOf(".|`|x|0|-1|True|False|yes|true| . ");
 const QStringList DateValues =
     listOf("2024-01-05|2024-02-03|2024-01-20 08:05|2023-12-31|2024/1/5|2024-03-07 13:45|"
            "2024-02-30|1999-12-31 23:59:59|Jan 5, 2024|5/1/2024|abc");
 const QList<QStringList> ValuesByType = {TextValues,   CheckValues,  TextValues,
                                          DateValues,   TextValues,   TextValues,
                                          NumberValues, NumberValues, NumberValues};
-/// The sort type that suits a column type's values; 0 for texts, which suit every text sort.
+/// The sort type that suits a column type's values; 0 for texts (any text sort).
 const QList<int> NaturalSort = {
     0, 0, 0, VemoSortDateTime, 0, 0, VemoSortCurrency, VemoSortNumeric, VemoSortNumeric};
 const QStringList Headers = listOf("No|<Name|> Qty |Price|^Date|Done|<Memo|");
-const QStringList DateFormats = listOf("|yyyy-mm-dd|dd/mm/yyyy");
+const QStringList DateFormats = listOf("|yyyy-mm-dd|dd/mm/yyyy|dd mmm yyyy");
 const QList<VemoGridColType> ColumnTypes = {eTextBox, eNumeric,  eCurrency,
                                             eLong,    eCalendar, eCheckBox};
 
@@ -265,8 +241,7 @@ public:
     {}
     ~ModelRun() { setMessageHandler(m_previousHandler); }
 
-    /// Types the columns, then runs `steps` random operations; the first difference from the
-    /// model (with `failedStep` set), or an empty text.
+    /// The first difference from the model (`failedStep` set), or an empty text.
     QString run(int steps)
     {
         for (m_step = 0; m_step <= steps && m_failure.isEmpty(); ++m_step) {
@@ -290,17 +265,15 @@ private:
     template <typename T>
     const T& pickFrom(const QList<T>& list)
     {
-        return list[pick(quint32(list.size()))];
+        return list[pick(list.size())];
     }
     void note(const QString& what) { log << QStringLiteral("%1: ").arg(m_step) + what; }
 
-    /// Mostly a value of the column's own type, sometimes one of another.
     QString valueFor(int c)
     {
         return pickFrom(ValuesByType[pick(10) ? m_model.typeOf(c) : pickFrom(ColumnTypes)]);
     }
 
-    /// Half the time the sort type that suits the column's values, else any.
     VemoSortTypeConstants sortTypeFor(VemoGridColType type)
     {
         const int natural = NaturalSort[type];
@@ -310,8 +283,8 @@ private:
     void configure(int c, VemoGridColType type, bool autoAdd, VemoSortTypeConstants sortType,
                    const QString& dateFormat)
     {
-        note(QString::asprintf("Column %d: type %d, AutoAdd %d, SortType %d, date format ", c, type,
-                               autoAdd, sortType) +
+        note(QString::asprintf("Column %d: type %d, AutoAdd %d, SortType %d, ", c, type, autoAdd,
+                               sortType) +
              quoted(dateFormat));
         m_grid->setColType(c, type);
         m_grid->Column(c)->setAutoAdd(autoAdd);
@@ -367,7 +340,7 @@ private:
             m_grid->setTextMatrix(r, c, value);
             m_model.write(r, c, value);
         } else if (roll < 60 && rows > 1) {
-            // Index 0 removes the marked row, and no row is ever marked here.
+            // Index 0 removes the marked row: none here.
             const int index = pick(8) == 0 ? 0 : 1 + int(pick(quint32(rows - 1)));
             note(QStringLiteral("RemoveItem(%1)").arg(index));
             m_grid->RemoveItem(index);
@@ -411,9 +384,7 @@ private:
         }
     }
 
-    /// Saves the grid into a bag, takes the bag through its JSON form and carries on with a new
-    /// grid read from it (the step's comparison then checks what it carried). The bag must come
-    /// through JSON unchanged, and the new grid must save it again alike.
+    /// Carries on with a new grid read from the saved bag's JSON form, which must save alike.
     void saveAndLoad()
     {
         note(QStringLiteral("save and load"));
@@ -428,8 +399,7 @@ private:
         m_model.reload();
         MemoryPropertyBag again;
         m_grid->WriteProperties(again);
-        // Three colours read back with a default other than their write default, so their first
-        // reload may change them; Cols grows when the FormatString names more columns.
+        // Three colours' read and write defaults differ; Cols grows with the FormatString.
         const QStringList mayDiffer = {"BackColorSel", "ForeColorSel", "ForeColorFixed", "Cols"};
         for (const QString& name : restored.names() + again.names()) {
             if (!mayDiffer.contains(name) && restored.value(name) != again.value(name))
@@ -439,24 +409,23 @@ private:
 
     QString difference() const
     {
-        const VemoGrid& grid = *m_grid;
-        const auto outline = [](int rows, int cols, int row, bool nullLine, const QString& format) {
-            return QString::asprintf("Rows %d, Cols %d, Row %d, NullLine %d, FormatString ", rows,
-                                     cols, row, nullLine) +
-                   quoted(format);
-        };
-        const QString actual =
-            outline(grid.Rows(), grid.Cols(), grid.Row(), grid.NullLine(), grid.FormatString());
-        const QString expected = outline(m_model.rows(), m_model.cols, m_model.current,
-                                         m_model.nullLine, m_model.formatString);
+        const VemoGrid& g = *m_grid;
+        const QString actual = QString::asprintf("Rows %d, Cols %d, Row %d, NullLine %d, ",
+                                                 g.Rows(), g.Cols(), g.Row(), g.NullLine()) +
+                               quoted(g.FormatString());
+        const QString expected =
+            QString::asprintf("Rows %d, Cols %d, Row %d, NullLine %d, ", m_model.rows(),
+                              m_model.cols, m_model.current, m_model.nullLine) +
+            quoted(m_model.formatString);
         if (actual != expected)
             return QStringLiteral("grid: %1; model: %2").arg(actual, expected);
         for (int r = 0; r < m_model.rows(); ++r) {
             for (int c = 0; c < m_model.cols; ++c) {
-                if (grid.TextMatrix(r, c) != m_model.shown(r, c))
+                if (g.TextMatrix(r, c) != m_model.shown(r, c))
                     return QStringLiteral("cell (%1, %2): grid %3, model %4")
-                        .arg(QString::number(r), QString::number(c), quoted(grid.TextMatrix(r, c)),
-                             quoted(m_model.shown(r, c)));
+                        .arg(r)
+                        .arg(c)
+                        .arg(quoted(g.TextMatrix(r, c)), quoted(m_model.shown(r, c)));
             }
         }
         return {};
@@ -485,9 +454,8 @@ class tst_VemoGridModel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
+    void initTestCase() // the values above are en_US ones
     {
-        // Numbers and dates are read with the user's locale; the values above are en_US ones.
         qputenv("LANG", "en_US.UTF-8");
         qunsetenv("LC_ALL");
         qunsetenv("LC_TIME");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The recording message handler the tests install instead of modal message boxes.
+// Records every message shown while it lives, so that no test blocks on a modal message box.
 #pragma once
 
 #include <VemoGridLib/Messages.h>
@@ -8,8 +8,6 @@
 
 namespace VemoTest {
 
-/// Records every message shown while it lives and puts the previous handler back afterwards,
-/// so that no test blocks on a modal message box.
 class MessageRecorder
 {
 public:

@@ -2,12 +2,11 @@
 // The fixture the VemoGrid tests share: a shown grid, cell clicks, cell looks and rectangles.
 #pragma once
 
-#include "flexgrid/FlexCellStore_p.h"
 #include "CellStoreAccess.h"
+#include "flexgrid/FlexCellStore_p.h"
 #include <VemoGridLib/FlexGrid.h>
-#include <VemoGridLib/VemoGrid.h>
-
 #include <VemoGridLib/Twips.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include <QApplication>
 #include <QRect>
@@ -19,11 +18,9 @@
 namespace VemoTest {
 
 /// The default colours of even and odd data rows and of locked or numbered columns.
-inline constexpr VemoGridLib::OleColor Band1 = 0xFFFFFF;
-inline constexpr VemoGridLib::OleColor Band2 = 0xBFFFFF;
-inline constexpr VemoGridLib::OleColor ReadOnlyColour = 0xDFDFC0;
+inline constexpr VemoGridLib::OleColor Band1 = 0xFFFFFF, Band2 = 0xBFFFFF,
+                                       ReadOnlyColour = 0xDFDFC0;
 
-/// The band colour of data row `row` of a grid with the default colours.
 inline VemoGridLib::OleColor bandOf(const VemoGridLib::VemoGrid& grid, int row)
 {
     return (row - grid.FixedRows()) % 2 == 0 ? Band1 : Band2;
@@ -35,10 +32,8 @@ inline void pinFont()
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
 }
 
-/// A shown grid of 700 × 360 pixels with the columns of `format` (e.g. "|A|B") and `dataRows`
-/// data rows; every column is 1200 and every row 450 twips (80 × 30 pixels at 96 dpi), so cells
-/// can be clicked and their background sampled below the text. Null when the window could not
-/// be exposed.
+/// A shown 700 × 360 grid with the columns of `format`; cells are 80 × 30 pixels (1200 × 450
+/// twips), so they can be clicked and sampled below the text. Null when not exposed.
 inline std::unique_ptr<VemoGridLib::VemoGrid>
 shownGrid(const QString& format = QStringLiteral("|A"), int dataRows = 1)
 {
@@ -52,8 +47,7 @@ shownGrid(const QString& format = QStringLiteral("|A"), int dataRows = 1)
     grid->show();
     if (!QTest::qWaitForWindowExposed(grid.get()))
         return nullptr;
-    // The scroll area shows or hides its bars from the event loop.
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(); // the scroll bars settle from the event loop
     return grid;
 }
 
@@ -66,25 +60,15 @@ inline QStringList columnTexts(const VemoGridLib::VemoGrid& grid, int col)
     return texts;
 }
 
-/// A cell's rectangle in the hosted viewport, its grid lines included.
+/// A cell's rectangle in the hosted viewport (96 dpi: 15 twips a pixel), its grid lines included.
 inline QRect cellRect(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
-    using VemoGridLib::twipsToPixelsX;
-    using VemoGridLib::twipsToPixelsY;
     const VemoGridLib::FlexGrid* const flex = grid.hostedGrid();
-    const QWidget* const viewport = flex->viewport();
-    const int left = twipsToPixelsX(flex->ColPos(col), viewport);
-    const int top = twipsToPixelsY(flex->RowPos(row), viewport);
-    const int right = col + 1 < flex->Cols() ? twipsToPixelsX(flex->ColPos(col + 1), viewport)
-                                             : left + twipsToPixelsX(flex->ColWidth(col), viewport);
-    const int bottom = row + 1 < flex->Rows()
-                           ? twipsToPixelsY(flex->RowPos(row + 1), viewport)
-                           : top + twipsToPixelsY(flex->RowHeight(row), viewport);
-    return QRect(QPoint(left, top), QPoint(right - 1, bottom - 1));
+    return QRect(flex->ColPos(col) / 15, flex->RowPos(row) / 15, flex->ColWidth(col) / 15,
+                 flex->RowHeight(row) / 15);
 }
 
-/// A user's click on the centre of a cell of the grid's hosted grid (at 96 dpi, 15 twips a
-/// pixel).
+/// A user's click on the centre of a cell.
 inline void clickCell(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
     const VemoGridLib::FlexGrid* const flex = grid.hostedGrid();
@@ -93,23 +77,15 @@ inline void clickCell(const VemoGridLib::VemoGrid& grid, int row, int col)
     QTest::mouseClick(flex->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
 }
 
-/// The look of a cell as stored, read without moving the current cell (a copy: later writes
-/// may move the store's looks).
+/// A copy of a cell's stored look, read without moving the current cell.
 inline VemoGridLib::FlexCellFormat lookOf(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
     return cellsOf(*grid.hostedGrid()).format(row, col);
 }
 
-/// Whether the cell shows a picture.
 inline bool hasPicture(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
     return !lookOf(grid, row, col).picture.isNull();
-}
-
-/// The viewport as drawn.
-inline QImage shot(const VemoGridLib::VemoGrid& grid)
-{
-    return grid.hostedGrid()->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 } // namespace VemoTest

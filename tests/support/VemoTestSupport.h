@@ -34,7 +34,7 @@ std::optional<VemoGridLib::VemoError> errorOf(Call&& call)
 template <typename Call>
 qint32 errorNumberOf(Call&& call)
 {
-    const std::optional<VemoGridLib::VemoError> error = errorOf(std::forward<Call>(call));
+    const auto error = errorOf(std::forward<Call>(call));
     return error ? error->number() : 0;
 }
 
@@ -44,46 +44,35 @@ inline QDateTime dt(int year, int month, int day, int hour = 0, int minute = 0, 
     return QDateTime(QDate(year, month, day), QTime(hour, minute, second), Qt::UTC);
 }
 
-/// Points the locale variables that the library reads (LC_ALL, LC_MESSAGES, LC_TIME, LANG) at
-/// the given values for one scope, and restores them afterwards. An empty value unsets it.
+/// Sets LC_ALL, LC_MESSAGES and LANG (LC_TIME unset; an empty value unsets) for one scope.
 class ScopedLocale
 {
 public:
-    /// LANG = `lang`, the others unset.
     explicit ScopedLocale(const QByteArray& lang)
         : ScopedLocale({}, {}, lang)
     {}
-
     ScopedLocale(const QByteArray& lcAll, const QByteArray& lcMessages, const QByteArray& lang)
     {
         for (const char* name : {"LC_ALL", "LC_MESSAGES", "LC_TIME", "LANG"})
             m_saved.push_back({name, qEnvironmentVariableIsSet(name), qgetenv(name)});
-        set("LC_ALL", lcAll);
-        set("LC_MESSAGES", lcMessages);
-        set("LC_TIME", {});
-        set("LANG", lang);
+        for (const auto& [name, value] : {std::pair("LC_ALL", lcAll),
+                                          {"LC_MESSAGES", lcMessages},
+                                          {"LC_TIME", QByteArray()},
+                                          {"LANG", lang}})
+            set(name, value);
     }
-
     ~ScopedLocale()
     {
-        for (const Saved& saved : m_saved) {
-            if (saved.wasSet)
-                qputenv(saved.name, saved.value);
-            else
-                qunsetenv(saved.name);
-        }
+        for (const Saved& saved : m_saved)
+            set(saved.name, saved.wasSet ? saved.value : QByteArray());
     }
-
     ScopedLocale(const ScopedLocale&) = delete;
     ScopedLocale& operator=(const ScopedLocale&) = delete;
 
     /// Changes one variable inside the scope; it is restored with the others.
     static void set(const char* name, const QByteArray& value)
     {
-        if (value.isEmpty())
-            qunsetenv(name);
-        else
-            qputenv(name, value);
+        value.isEmpty() ? qunsetenv(name) : qputenv(name, value);
     }
 
 private:
