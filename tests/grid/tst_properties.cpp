@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 // VemoGrid's saved properties: read defaults, what a default grid writes, the order sizes are
-// applied in, values coerced or refused on reading, and the round trip through JSON.
+// applied in, values coerced or refused on reading, the round trip through JSON, and saved forms
+// as untrusted input.
 #include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/MemoryPropertyBag.h>
+#include <VemoGridLib/VemoError.h>
 #include <VemoGridLib/VemoGrid.h>
 
+#include "CellStoreAccess.h"
 #include "VemoTestSupport.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QStandardItemModel>
 #include <QTest>
 
@@ -15,14 +19,13 @@ using namespace VemoGridLib;
 
 namespace {
 
-QVariant int16(qint16 value)
+template <typename T>
+QVariant of(T value)
 {
     return QVariant::fromValue(value);
 }
-QVariant colour(OleColor value)
-{
-    return QVariant::fromValue(value);
-}
+const auto int16 = of<qint16>;
+const auto colour = of<OleColor>;
 
 QFont fixedFont()
 {
@@ -110,6 +113,15 @@ MemoryPropertyBag bagWith(const QList<std::pair<QString, QVariant>>& values)
     return bag;
 }
 
+// The grid's counts agree with its store's.
+void verifyIntact(const VemoGrid& grid)
+{
+    const FlexGrid& flex = *grid.hostedGrid();
+    QCOMPARE(cellsOf(flex).rowCount(), flex.Rows());
+    QCOMPARE(cellsOf(flex).colCount(), flex.Cols());
+    QVERIFY(flex.FixedRows() <= flex.Rows() && flex.FixedCols() <= flex.Cols());
+}
+
 } // namespace
 
 class tst_Properties : public QObject
@@ -118,17 +130,35 @@ class tst_Properties : public QObject
 
 private slots:
 
-    // A grid with every property changed, loaded from an empty bag, and what a default grid writes.
-    void emptyBagGivesReadDefaults()
+    // A grid with every property changed goes through JSON alike, then reads an empty bag.
+    void roundTripAndReadDefaults()
     {
         QStandardItemModel model(4, 3);
         QWidget form;
         form.setFont(QFont(QStringLiteral("DejaVu Sans"), 17));
         VemoGrid grid(&form);
         applyChanged(grid, &model);
+        MemoryPropertyBag saved;
+        grid.WriteProperties(saved);
+        QCOMPARE(saved.names().size(), 52);
+        QStringList leftOut;
+        QString error;
+        VemoGrid loaded;
+        loaded.ReadProperties(MemoryPropertyBag::fromJson(saved.toJson(&leftOut), &error));
+        QCOMPARE(leftOut, QStringList({"DataSource"}));
+        QCOMPARE(error, QString());
+        for (const Saved& property : savedProperties(&model)) {
+            if (qstrcmp(property.name, "DataSource") != 0)
+                VERIFY_SAME(property.name, loaded.property(property.name),
+                            grid.property(property.name));
+        }
+        // In memory the model goes with the bag and, bound after the sizes, shapes the grid.
+        VemoGrid inMemory;
+        inMemory.ReadProperties(bagWith({{"DataSource", of<QAbstractItemModel*>(&model)}}));
+        QCOMPARE(inMemory.DataSource(), &model);
+        QCOMPARE(inMemory.Rows() * 10 + inMemory.Cols(), 54);
 
         grid.ReadProperties(MemoryPropertyBag());
-
         for (const Saved& saved : savedProperties(&model)) {
             // The fonts default to the container's.
             const QVariant expected =
@@ -137,7 +167,6 @@ private slots:
         }
         QCOMPARE(grid.hostedGrid()->Font(), form.font());
         QCOMPARE(VemoTest::errorNumberOf([&] { grid.Column(2); }), 9);
-
         VemoGrid topLevel;
         topLevel.setFont(fixedFont());
         topLevel.ReadProperties(MemoryPropertyBag());
@@ -158,42 +187,9 @@ private slots:
         QCOMPARE(grid.BackColorSel(), OleColor(0x8000000D));
     }
 
-    void roundTripThroughJson()
-    {
-        QStandardItemModel model(4, 3);
-        VemoGrid original;
-        applyChanged(original, &model);
-        MemoryPropertyBag saved;
-        original.WriteProperties(saved);
-        QCOMPARE(saved.names().size(), 52);
-
-        // In memory the model goes with the bag and, bound after the sizes, shapes the grid.
-        VemoGrid inMemory;
-        inMemory.ReadProperties(
-            bagWith({{"DataSource", QVariant::fromValue<QAbstractItemModel*>(&model)}}));
-        QCOMPARE(inMemory.DataSource(), &model);
-        QCOMPARE(inMemory.Rows(), 5);
-        QVERIFY(inMemory.Column(3));
-
-        QStringList leftOut;
-        QString error;
-        const MemoryPropertyBag restored =
-            MemoryPropertyBag::fromJson(saved.toJson(&leftOut), &error);
-        QCOMPARE(leftOut, QStringList({"DataSource"}));
-        QCOMPARE(error, QString());
-        VemoGrid loaded;
-        loaded.ReadProperties(restored);
-        for (const Saved& property : savedProperties(&model)) {
-            if (qstrcmp(property.name, "DataSource") != 0)
-                VERIFY_SAME(property.name, loaded.property(property.name),
-                            original.property(property.name));
-        }
-    }
-
     void sizesAndFormatString()
     {
-        // Rows reaches the hosted grid before FixedRows, which would be refused the other way
-        // round.
+        // Rows reaches the hosted grid before FixedRows, which would refuse the other way round.
         VemoGrid grid;
         grid.ReadProperties(bagWith({{"FixedRows", int16(3)}, {"Rows", 5}, {"Cols", 4}}));
         QCOMPARE(grid.FixedRows(), 3);
@@ -255,6 +251,108 @@ private slots:
 
         VERIFY_SAME(name, grid.property(qPrintable(name)), expected.isValid() ? expected : before);
         QVERIFY(grid.LunarCalendar());
+    }
+
+    // Saved forms are untrusted: whatever a bag holds, loading it leaves a grid on which
+    // sorting, adding, removing and painting either work or raise a VemoError.
+    void loadedGridSurvivesUse_data()
+    {
+        QTest::addColumn<QString>("saved"); // name=value, ...; FormatString a string, others int32
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("cols");
+        QTest::newRow("no rows") << "Rows=0" << 0 << 2;
+        QTest::newRow("no cols") << "Cols=0" << 2 << 0;
+        QTest::newRow("no rows, no cols") << "Rows=0,Cols=0" << 0 << 0;
+        QTest::newRow("rows equal fixed rows") << "Rows=1,FixedRows=1" << 1 << 2;
+        QTest::newRow("no fixed rows or cols") << "FixedRows=0,FixedCols=0" << 2 << 2;
+        QTest::newRow("rows 2^31-1") << "Rows=2147483647" << 2 << 2;
+        QTest::newRow("cols 1.8 billion") << "Cols=1800000000" << 2 << 2;
+        QTest::newRow("negative sizes") << "Rows=-5,Cols=-1" << 2 << 2;
+        QTest::newRow("format after no rows") << "Rows=0,FormatString=a|b|c|d;x|y" << 2 << 4;
+    }
+
+    void loadedGridSurvivesUse()
+    {
+        QFETCH(QString, saved);
+        QFETCH(int, rows);
+        QFETCH(int, cols);
+        QStringList json;
+        for (const QString& pair : saved.split(u',')) {
+            const QString name = pair.section(u'=', 0, 0), value = pair.section(u'=', 1);
+            json << (name == u"FormatString"
+                         ? QStringLiteral(R"({"name":"%1","type":"string","value":"%2"})")
+                         : QStringLiteral(R"({"name":"%1","type":"int32","value":%2})"))
+                        .arg(name, value);
+        }
+        QString error;
+        const MemoryPropertyBag bag = MemoryPropertyBag::fromJson(
+            (R"({"properties":[)" + json.join(u',') + "]}").toUtf8(), &error);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        VemoGrid grid;
+        grid.resize(300, 200);
+        grid.ReadProperties(bag);
+        QCOMPARE(grid.Rows(), rows);
+        QCOMPARE(grid.Cols(), cols);
+        verifyIntact(grid);
+        const std::function<void()> steps[] = {[&] { grid.Sort(1, SortAscending); },
+                                               [&] { grid.AddItem("a\tb"); },
+                                               [&] { grid.Sort(1, SortDescending); },
+                                               [&] { grid.RemoveItem(grid.Rows() - 1); },
+                                               [&] { grid.RemoveItem(0); },
+                                               [&] {
+                                                   grid.AddItem(QString(), 1);
+                                               }};
+        for (const auto& step : steps) {
+            VemoTest::errorOf(step); // a VemoError is a refusal
+            verifyIntact(grid);
+            QImage image(grid.size(), QImage::Format_ARGB32);
+            grid.render(&image);
+        }
+    }
+
+    void hugeSizeRefused_data()
+    {
+        QTest::addColumn<bool>("setRows");
+        QTest::addColumn<int>("count");
+        QTest::newRow("rows 2^31-1") << true << 2147483647;
+        QTest::newRow("cols 1.8 billion") << false << 1800000000;
+        QTest::newRow("rows × cols beyond the store") << true << 100000000;
+    }
+
+    void hugeSizeRefused()
+    {
+        QFETCH(bool, setRows);
+        QFETCH(int, count);
+        VemoGrid grid;
+        grid.setCols(4);
+        grid.setRows(3);
+        const auto error =
+            VemoTest::errorOf([&] { setRows ? grid.setRows(count) : grid.setCols(count); });
+        QVERIFY(error);
+        QCOMPARE(error->number(), 7);
+        QCOMPARE(error->description(), QStringLiteral("Out of memory"));
+        QCOMPARE(grid.Rows() * 10 + grid.Cols(), 34);
+        verifyIntact(grid);
+        grid.AddItem(QStringLiteral("still\tworks"));
+        QCOMPARE(grid.Rows(), 4);
+    }
+
+    void zeroRowsOrHostedColumnsGone()
+    {
+        VemoGrid grid;
+        QCOMPARE(VemoTest::errorNumberOf([&] { grid.setRows(0); }), 30016);
+        QCOMPARE(grid.Rows(), 0);
+        VemoTest::errorOf([&] { grid.Sort(1, SortAscending); });
+        grid.AddItem(QStringLiteral("x"));
+        verifyIntact(grid);
+        // The hosted grid is public: its columns can go while the grid keeps its Column objects.
+        VemoGrid other;
+        FlexGrid& flex = *other.hostedGrid();
+        flex.setFixedRows(0);
+        flex.setFixedCols(0);
+        flex.setCols(0);
+        VemoTest::errorOf([&] { other.Sort(1, SortAscending); });
+        verifyIntact(other);
     }
 };
 
