@@ -9,26 +9,6 @@ using Field = FlexCellStore::FormatField;
 
 namespace {
 
-constexpr int Rows = 6;
-constexpr int Cols = 5;
-
-// Row and column metadata, distinct for every row and column so that moves can be traced.
-void markMetadata(FlexCellStore& store)
-{
-    for (int r = 0; r < store.rowCount(); ++r) {
-        store.setRowHeight(r, 300 + 15 * r);
-        store.setRowData(r, 1000 + r);
-        store.setMergeRow(r, r % 2 == 1);
-    }
-    for (int c = 0; c < store.colCount(); ++c) {
-        store.setColWidth(c, 600 + 15 * c);
-        store.setColAlignment(c, c % 10);
-        store.setColAlignmentFixed(c, (c + 3) % 10);
-        store.setMergeCol(c, c % 2 == 0);
-        store.setColData(c, 2000 + c);
-    }
-}
-
 // Everything each row (or column) carries, one comparable string per row (or column).
 QStringList lines(const FlexCellStore& s, bool columns)
 {
@@ -52,6 +32,29 @@ QStringList lines(const FlexCellStore& s, bool columns)
     return out;
 }
 
+// A store of `rows` × `cols` whose texts, looks and row and column metadata all differ.
+void mark(FlexCellStore& store, int rows, int cols)
+{
+    store.setRowCount(rows);
+    store.setColCount(cols);
+    for (int r = 0; r < rows; ++r) {
+        store.setRowHeight(r, 300 + 15 * r);
+        store.setRowData(r, 1000 + r);
+        store.setMergeRow(r, r % 2 == 1);
+        for (int c = 0; c < cols; ++c) {
+            store.setText(r, c, QStringLiteral("r%1c%2").arg(r).arg(c));
+            store.setFormatValue(r, c, Field::BackColor, 0x10000 * (r + 1) + c);
+        }
+    }
+    for (int c = 0; c < cols; ++c) {
+        store.setColWidth(c, 600 + 15 * c);
+        store.setColAlignment(c, c % 10);
+        store.setColAlignmentFixed(c, (c + 3) % 10);
+        store.setMergeCol(c, c % 2 == 0);
+        store.setColData(c, 2000 + c);
+    }
+}
+
 } // namespace
 
 class tst_FlexCellStore : public QObject
@@ -62,58 +65,49 @@ private slots:
     void rowAndColumnOperations_data();
     void rowAndColumnOperations();
     void textsSurviveRewrites();
-    void sharedLooksDoNotLeakBetweenCells();
-    void moreLooksThanA16BitIndex();
-    void keyedChangesRunOncePerLook();
+    void sharedLooks();
     void bandedValuesMatchCellByCell();
 };
 
 void tst_FlexCellStore::rowAndColumnOperations_data()
 {
-    // Operations on a 6 × 5 store, each row's (or column's) origin afterwards, -1 for a new one.
+    // Operations on a 6 × 5 store; each row's (or column's) origin afterwards, '-' for a new one.
     QTest::addColumn<QString>("operations");
-    QTest::addColumn<QList<int>>("from");
-    QTest::newRow("insert first") << "insertRow 0" << QList<int>{-1, 0, 1, 2, 3, 4, 5};
-    QTest::newRow("insert middle") << "insertRow 2" << QList<int>{0, 1, -1, 2, 3, 4, 5};
-    QTest::newRow("append") << "insertRow 6" << QList<int>{0, 1, 2, 3, 4, 5, -1};
-    QTest::newRow("remove first") << "removeRow 0" << QList<int>{1, 2, 3, 4, 5};
-    QTest::newRow("remove last") << "removeRow 5" << QList<int>{0, 1, 2, 3, 4};
-    QTest::newRow("remove, reinsert") << "removeRow 2;insertRow 2" << QList<int>{0, 1, -1, 3, 4, 5};
-    QTest::newRow("move down") << "moveRow 1 3" << QList<int>{0, 2, 3, 1, 4, 5};
-    QTest::newRow("move up") << "moveRow 4 0" << QList<int>{4, 0, 1, 2, 3, 5};
-    QTest::newRow("move in place") << "moveRow 2 2" << QList<int>{0, 1, 2, 3, 4, 5};
-    QTest::newRow("reorder rotate") << "reorderRows 1 2 0 1" << QList<int>{0, 3, 1, 2, 4, 5};
-    QTest::newRow("reorder all") << "reorderRows 0 5 4 3 2 1 0" << QList<int>{5, 4, 3, 2, 1, 0};
-    QTest::newRow("reorder at the end") << "reorderRows 4 1 0" << QList<int>{0, 1, 2, 3, 5, 4};
-    QTest::newRow("shrink and grow") << "rows 3;rows 6" << QList<int>{0, 1, 2, -1, -1, -1};
-    QTest::newRow("column right") << "moveCol 1 3" << QList<int>{0, 2, 3, 1, 4};
-    QTest::newRow("column left") << "moveCol 4 0" << QList<int>{4, 0, 1, 2, 3};
-    QTest::newRow("column in place") << "moveCol 2 2" << QList<int>{0, 1, 2, 3, 4};
-    QTest::newRow("columns shrink and grow") << "cols 1;cols 5" << QList<int>{0, -1, -1, -1, -1};
+    QTest::addColumn<QString>("from");
+    const auto add = [](const char* operations, const char* from) {
+        QTest::newRow(operations) << operations << from;
+    };
+    add("insertRow 0", "-012345");
+    add("insertRow 2", "01-2345");
+    add("insertRow 6", "012345-");
+    add("removeRow 0", "12345");
+    add("removeRow 2;insertRow 2", "01-345");
+    add("moveRow 1 3", "023145");
+    add("moveRow 4 0", "401235");
+    add("moveRow 2 2", "012345");
+    add("reorderRows 1 2 0 1", "031245");
+    add("reorderRows 0 5 4 3 2 1 0", "543210");
+    add("reorderRows 4 1 0", "012354");
+    add("rows 3;rows 6", "012---");
+    add("moveCol 1 3", "02314");
+    add("moveCol 4 0", "40123");
+    add("cols 1;cols 5", "0----");
 }
 
 void tst_FlexCellStore::rowAndColumnOperations()
 {
     QFETCH(QString, operations);
-    QFETCH(QList<int>, from);
+    QFETCH(QString, from);
     const bool columns = operations.contains(QStringLiteral("ol"));
     FlexCellStore store;
-    store.setRowCount(Rows);
-    store.setColCount(Cols);
-    for (int r = 0; r < Rows; ++r) {
-        for (int c = 0; c < Cols; ++c) {
-            store.setText(r, c, QStringLiteral("r%1c%2").arg(r).arg(c));
-            store.setFormatValue(r, c, Field::BackColor, 0x10000 * (r + 1) + c);
-        }
-    }
-    markMetadata(store);
+    mark(store, 6, 5);
     const QStringList before = lines(store, columns);
     FlexCellStore fresh;
-    fresh.setRowCount(columns ? Rows : 1);
-    fresh.setColCount(columns ? 1 : Cols);
+    fresh.setRowCount(columns ? 6 : 1);
+    fresh.setColCount(columns ? 1 : 5);
     QStringList expected;
-    for (int i : from)
-        expected << (i < 0 ? lines(fresh, columns).first() : before.at(i));
+    for (QChar i : from)
+        expected << (i == u'-' ? lines(fresh, columns).first() : before.at(i.digitValue()));
 
     for (const QString& operation : operations.split(u';')) {
         QStringList words = operation.split(u' ');
@@ -160,20 +154,20 @@ void tst_FlexCellStore::textsSurviveRewrites()
         QCOMPARE(store.text(cell / 10, cell % 10), textOf(299, cell));
 }
 
-void tst_FlexCellStore::sharedLooksDoNotLeakBetweenCells()
+void tst_FlexCellStore::sharedLooks()
 {
     // Cells start from three different looks and receive the same changes in turn: an answer
-    // remembered for one starting look must not be handed to another.
-    constexpr int Cells = 99;
+    // remembered for one starting look must not be handed to another, and unsetting every
+    // member gives back the default look.
     FlexCellStore store;
     store.setRowCount(1);
-    store.setColCount(Cells);
-    for (int c = 0; c < Cells; ++c) {
+    store.setColCount(99);
+    for (int c = 0; c < 99; ++c) {
         store.setFormatValue(0, c, c % 3 == 1 ? Field::Bold : Field::Italic, c % 3 ? 1 : -1);
         store.setFormatValue(0, c, Field::BackColor, 0x00FF00);
         store.setFormatValue(0, c, Field::FontSize, 11);
     }
-    for (int c = 0; c < Cells; ++c) {
+    for (int c = 0; c < 99; ++c) {
         FlexCellFormat expected;
         expected.backColor = 0x00FF00;
         expected.fontSize = 11;
@@ -181,17 +175,28 @@ void tst_FlexCellStore::sharedLooksDoNotLeakBetweenCells()
         expected.italic = c % 3 == 2 ? 1 : -1;
         QVERIFY2(store.format(0, c) == expected, qPrintable(QString::number(c)));
     }
-    // Unsetting every member again gives back the default look.
     store.setFormatValue(0, 1, Field::Bold, -1);
     store.setFormatValue(0, 1, Field::BackColor, 0);
     store.setFormatValue(0, 1, Field::FontSize, 0);
     QVERIFY(store.format(0, 1).isDefault());
-}
 
-void tst_FlexCellStore::moreLooksThanA16BitIndex()
-{
+    // A change remembered under a key runs once per starting look.
+    const QPixmap picture = VemoTest::solid(Qt::red);
+    int calls = 0;
+    for (int c = 3; c < 9; ++c) {
+        store.changeFormat(0, c, 42, [&](FlexCellFormat& look) {
+            ++calls;
+            look.foreColor = 0x123456;
+            look.picture = picture;
+        });
+    }
+    QCOMPARE(calls, 3);
+    QCOMPARE(store.format(0, 5).foreColor, OleColor(0x123456));
+    QCOMPARE(store.format(0, 8).picture.cacheKey(), picture.cacheKey());
+    QVERIFY(store.format(0, 7).bold == 1 && store.format(0, 8).italic == 1);
+
+    // More looks than a 16-bit index holds.
     constexpr int Size = 300;
-    FlexCellStore store;
     store.setRowCount(Size);
     store.setColCount(Size);
     for (int cell = 0; cell < Size * Size; ++cell)
@@ -199,31 +204,6 @@ void tst_FlexCellStore::moreLooksThanA16BitIndex()
     for (int cell = 0; cell < Size * Size; ++cell) {
         if (store.format(cell / Size, cell % Size).backColor != OleColor(0x010101 + cell))
             QFAIL(qPrintable(QStringLiteral("cell %1").arg(cell)));
-    }
-}
-
-void tst_FlexCellStore::keyedChangesRunOncePerLook()
-{
-    // A change remembered under a key applies per starting look: cells that share a look share
-    // the result, cells with another look get their own.
-    FlexCellStore store;
-    store.setRowCount(6);
-    store.setColCount(1);
-    for (int r = 0; r < 6; ++r)
-        store.setFormatValue(r, 0, Field::BackColor, r % 2 ? 0xBFFFFF : 0xFFFFFF);
-    const QPixmap picture = VemoTest::solid(Qt::red);
-    int calls = 0;
-    for (int r = 0; r < 6; ++r) {
-        store.changeFormat(r, 0, 42, [&](FlexCellFormat& look) {
-            ++calls;
-            look.foreColor = look.backColor;
-            look.picture = picture;
-        });
-    }
-    QCOMPARE(calls, 2);
-    for (int r = 0; r < 6; ++r) {
-        QCOMPARE(store.format(r, 0).foreColor, OleColor(r % 2 ? 0xBFFFFF : 0xFFFFFF));
-        QCOMPARE(store.format(r, 0).picture.cacheKey(), picture.cacheKey());
     }
 }
 

@@ -4,7 +4,6 @@
 #include <VemoGridLib/FlexEnums.h>
 
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QWheelEvent>
 
 using namespace VemoGridLib;
@@ -12,8 +11,6 @@ using namespace VemoTest;
 
 namespace {
 
-const QStringList ClickOnNewCell = {"LeaveCell", "SelChange", "EnterCell", "RowColChange",
-                                    "MouseDown", "MouseUp",   "Click"};
 const QStringList KeyMove = {"KeyDown",   "LeaveCell",    "SelChange",
                              "EnterCell", "RowColChange", "KeyUp"};
 
@@ -30,7 +27,8 @@ void wheel(FlexGrid& grid, QPoint angleDelta)
     QApplication::sendEvent(grid.viewport(), &event);
 }
 
-/// A pointer move with no button held, as the mouse-tracking viewport receives it.
+/// A pointer move with no button held, as the mouse-tracking viewport receives
+/// it.
 void hover(FlexGrid& grid, QPoint pos)
 {
     QMouseEvent event(QEvent::MouseMove, pos, grid.viewport()->mapToGlobal(pos), Qt::NoButton,
@@ -60,9 +58,6 @@ private slots:
     void resizing();
 
 private:
-    /// Shows 60 rows instead of 8 (the viewport stays the same size).
-    bool grow() { return (fill(*m_grid, 60, 4, true), setViewport(*m_grid, Viewport)); }
-
     std::unique_ptr<Scene> m_scene;
     FlexGrid* m_grid = nullptr;
     std::unique_ptr<EventLog> m_log;
@@ -86,33 +81,34 @@ void tst_FlexGridInput::cleanup()
 void tst_FlexGridInput::clicks_data()
 {
     QTest::addColumn<QString>("setup");
-    QTest::addColumn<QPoint>("cell");  // (col, row) clicked at its centre
-    QTest::addColumn<QPoint>("nudge"); // pixels off the centre
-    QTest::addColumn<bool>("shift");
+    QTest::addColumn<QPoint>("cell");       // (col, row) clicked at its centre
+    QTest::addColumn<QPoint>("nudge");      // pixels off the centre; shift held when x is 1
     QTest::addColumn<QList<int>>("cursor"); // Row, Col, RowSel, ColSel afterwards
     QTest::addColumn<QStringList>("events");
 
     const QStringList click = {"MouseDown", "MouseUp", "Click"};
-    const auto add = [](const char* name, const char* setup, QPoint cell, QPoint nudge, bool shift,
+    const QStringList move =
+        QStringList{"LeaveCell", "SelChange", "EnterCell", "RowColChange"} + click;
+    const auto add = [](const char* name, const char* setup, QPoint cell, QPoint nudge,
                         const QList<int>& cursor, const QStringList& events) {
-        QTest::newRow(name) << setup << cell << nudge << shift << cursor << events;
+        QTest::newRow(name) << setup << cell << nudge << cursor << events;
     };
-    add("data cell", "", {2, 3}, {}, false, {3, 2, 3, 2}, ClickOnNewCell);
-    add("current cell", "Row=3 Col=2", {2, 3}, {}, false, {3, 2, 3, 2}, click);
-    add("shift extends the selection", "Row=2 Col=2", {3, 5}, {}, true, {2, 2, 5, 3},
+    add("data cell", "", {2, 3}, {}, {3, 2, 3, 2}, move);
+    add("current cell", "Row=3 Col=2", {2, 3}, {}, {3, 2, 3, 2}, click);
+    add("shift extends the selection", "Row=2 Col=2", {3, 5}, {1, 0}, {2, 2, 5, 3},
         {"MouseDown", "SelChange", "MouseUp", "Click"});
-    add("below the last row", "", {2, 7}, {0, 30}, false, {7, 2, 7, 2}, ClickOnNewCell);
-    add("right of the last column", "", {3, 2}, {60, 0}, false, {2, 3, 2, 3}, ClickOnNewCell);
-    add("header without data rows", "Rows=1", {2, 0}, {}, false, {0, 1, 0, 1}, click);
+    add("below the last row", "", {2, 7}, {0, 30}, {7, 2, 7, 2}, move);
+    add("right of the last column", "", {3, 2}, {60, 0}, {2, 3, 2, 3}, move);
+    add("header without data rows", "Rows=1", {2, 0}, {}, {0, 1, 0, 1}, click);
     // 60 rows scrolled to TopRow 5, so that TopRow and FixedRows differ.
-    const char* scrolled = "Rows=60 Row=3 Col=2 TopRow=5";
-    const char* scrolledSmall = "Rows=60 Row=3 Col=2 TopRow=5 AllowBigSelection=false";
-    add("column header", scrolled, {3, 0}, {}, false, {1, 3, 59, 3}, ClickOnNewCell);
-    add("column header, small", scrolledSmall, {3, 0}, {}, false, {5, 3, 5, 3}, ClickOnNewCell);
-    add("row header", scrolled, {0, 7}, {}, false, {7, 1, 7, 3}, ClickOnNewCell);
-    add("row header, small", scrolledSmall, {0, 7}, {}, false, {7, 1, 7, 1}, ClickOnNewCell);
-    add("corner", scrolled, {0, 0}, {}, false, {1, 1, 59, 3}, ClickOnNewCell);
-    add("corner, small", scrolledSmall, {0, 0}, {}, false, {5, 1, 5, 1}, ClickOnNewCell);
+    const char* big = "Rows=60 Row=3 Col=2 TopRow=5";
+    const char* small = "Rows=60 Row=3 Col=2 TopRow=5 AllowBigSelection=false";
+    add("column header", big, {3, 0}, {}, {1, 3, 59, 3}, move);
+    add("column header, small", small, {3, 0}, {}, {5, 3, 5, 3}, move);
+    add("row header", big, {0, 7}, {}, {7, 1, 7, 3}, move);
+    add("row header, small", small, {0, 7}, {}, {7, 1, 7, 1}, move);
+    add("corner", big, {0, 0}, {}, {1, 1, 59, 3}, move);
+    add("corner, small", small, {0, 0}, {}, {5, 1, 5, 1}, move);
 }
 
 void tst_FlexGridInput::clicks()
@@ -120,9 +116,9 @@ void tst_FlexGridInput::clicks()
     QFETCH(QString, setup);
     QFETCH(QPoint, cell);
     QFETCH(QPoint, nudge);
-    QFETCH(bool, shift);
     run(*m_grid, setup);
     m_log->clear();
+    const bool shift = nudge == QPoint(1, 0);
     const QPoint pos = centreOf(*m_grid, cell.y(), cell.x()) + nudge;
 
     hover(*m_grid, pos);
@@ -131,27 +127,29 @@ void tst_FlexGridInput::clicks()
 
     QTEST(cursorOf(*m_grid), "cursor");
     QTEST(m_log->names, "events");
-    QCOMPARE(m_grid->MouseRow(), cell.y());
-    QCOMPARE(m_grid->MouseCol(), cell.x());
+    QCOMPARE(QPoint(m_grid->MouseCol(), m_grid->MouseRow()), cell);
 }
 
 void tst_FlexGridInput::dragSelectsAndScrolls()
 {
-    QVERIFY(grow());
+    // The selection follows the pointer live, SelChange waits for the release;
+    // below the viewport the grid scrolls, and goes on while the pointer rests
+    // there.
+    fill(*m_grid, 60, 4, true);
+    QVERIFY(setViewport(*m_grid, Viewport));
     QWidget* const viewport = m_grid->viewport();
-    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, centreOf(*m_grid, 2, 2));
+    const QPoint start = centreOf(*m_grid, 2, 2);
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, start);
     m_log->clear();
     QTest::mouseMove(viewport, centreOf(*m_grid, 4, 3));
-    // The selection follows live; SelChange waits for the release.
     QCOMPARE(cursorOf(*m_grid), QList<int>({2, 2, 4, 3}));
     QCOMPARE(m_log->names, QStringList());
-    QTest::mouseMove(viewport, centreOf(*m_grid, 2, 2));
-    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, centreOf(*m_grid, 2, 2));
+    QTest::mouseMove(viewport, start);
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, start);
     QCOMPARE(m_log->names, QStringList({"MouseUp", "Click"}));
 
-    // Below the viewport the grid scrolls, and goes on while the pointer rests there.
-    const QPoint below(centreOf(*m_grid, 2, 2).x(), viewport->height() + 10);
-    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, centreOf(*m_grid, 2, 2));
+    const QPoint below(start.x(), viewport->height() + 10);
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, start);
     m_log->clear();
     QTest::mouseMove(viewport, below);
     QCOMPARE(m_grid->TopRow(), 2);
@@ -169,55 +167,48 @@ void tst_FlexGridInput::dragSelectsAndScrolls()
 
 void tst_FlexGridInput::keys_data()
 {
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<int>("key"); // with its modifiers
     QTest::addColumn<QString>("setup");
-    QTest::addColumn<QPoint>("hidden");     // (col, row) of a hidden column and row, -1 for none
     QTest::addColumn<QList<int>>("cursor"); // Row, Col, RowSel, ColSel afterwards
 
-    // 8 rows and 4 columns with one fixed row and column.
-    const auto add = [](const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers,
-                        const char* setup, const QList<int>& cursor, QPoint hidden = {-1, -1}) {
-        QTest::newRow(name) << key << modifiers << setup << hidden << cursor;
+    // 8 rows and 4 columns with one fixed row and column; setup may hide rows and
+    // columns.
+    const auto add = [](const char* name, int key, const char* setup, const QList<int>& cursor) {
+        QTest::newRow(name) << key << setup << cursor;
     };
-    const Qt::KeyboardModifiers none;
-    const Qt::KeyboardModifiers ctrl(Qt::ControlModifier);
-    add("down", Qt::Key_Down, none, "Row=2 Col=2", {3, 2, 3, 2});
-    add("left", Qt::Key_Left, none, "Row=2 Col=2", {2, 1, 2, 1});
-    add("up at the top", Qt::Key_Up, none, "Row=1 Col=2", {1, 2, 1, 2});
-    add("down at the bottom", Qt::Key_Down, none, "Row=7 Col=2", {7, 2, 7, 2});
-    add("right at the edge", Qt::Key_Right, none, "Row=2 Col=3", {2, 3, 2, 3});
-    add("down over a hidden row", Qt::Key_Down, none, "Row=2 Col=2", {4, 2, 4, 2}, {-1, 3});
-    add("up over a hidden row", Qt::Key_Up, none, "Row=4 Col=2", {2, 2, 2, 2}, {-1, 3});
-    add("down onto a hidden last row", Qt::Key_Down, none, "Row=6 Col=2", {6, 2, 6, 2}, {-1, 7});
-    add("right over a hidden column", Qt::Key_Right, none, "Row=2 Col=1", {2, 3, 2, 3}, {2, -1});
-    add("home, first column hidden", Qt::Key_Home, none, "Row=4 Col=3", {4, 2, 4, 2}, {1, -1});
-    add("end", Qt::Key_End, none, "Row=4 Col=1", {4, 3, 4, 3});
-    add("page down", Qt::Key_PageDown, none, "Row=2 Col=2", {7, 2, 7, 2});
-    add("page up", Qt::Key_PageUp, none, "Row=6 Col=2", {1, 2, 1, 2});
-    add("ctrl+home", Qt::Key_Home, ctrl, "Row=4 Col=3", {1, 1, 1, 1});
-    add("ctrl+end, last row hidden", Qt::Key_End, ctrl, "Row=4 Col=1", {6, 3, 6, 3}, {-1, 7});
-    add("alt+down", Qt::Key_Down, Qt::AltModifier, "Row=2 Col=2", {2, 2, 2, 2});
-    add("shift+down", Qt::Key_Down, Qt::ShiftModifier, "Row=2 Col=2 RowSel=3", {2, 2, 4, 2});
-    add("shift+right", Qt::Key_Right, Qt::ShiftModifier, "Row=2 Col=2", {2, 2, 2, 3});
+    const int shift = Qt::ShiftModifier;
+    add("down", Qt::Key_Down, "Row=2 Col=2", {3, 2, 3, 2});
+    add("left", Qt::Key_Left, "Row=2 Col=2", {2, 1, 2, 1});
+    add("up at the top", Qt::Key_Up, "Row=1 Col=2", {1, 2, 1, 2});
+    add("down at the bottom", Qt::Key_Down, "Row=7 Col=2", {7, 2, 7, 2});
+    add("right at the edge", Qt::Key_Right, "Row=2 Col=3", {2, 3, 2, 3});
+    add("down over a hidden row", Qt::Key_Down, "RowHeight(3,0) Row=2 Col=2", {4, 2, 4, 2});
+    add("up over a hidden row", Qt::Key_Up, "RowHeight(3,0) Row=4 Col=2", {2, 2, 2, 2});
+    add("down onto a hidden last row", Qt::Key_Down, "RowHeight(7,0) Row=6 Col=2", {6, 2, 6, 2});
+    add("right over a hidden column", Qt::Key_Right, "ColWidth(2,0) Row=2 Col=1", {2, 3, 2, 3});
+    add("home, first column hidden", Qt::Key_Home, "ColWidth(1,0) Row=4 Col=3", {4, 2, 4, 2});
+    add("end", Qt::Key_End, "Row=4 Col=1", {4, 3, 4, 3});
+    add("page down", Qt::Key_PageDown, "Row=2 Col=2", {7, 2, 7, 2});
+    add("page up", Qt::Key_PageUp, "Row=6 Col=2", {1, 2, 1, 2});
+    add("ctrl+home", Qt::Key_Home | Qt::ControlModifier, "Row=4 Col=3", {1, 1, 1, 1});
+    add("ctrl+end, last row hidden", Qt::Key_End | Qt::ControlModifier,
+        "RowHeight(7,0) Row=4 Col=1", {6, 3, 6, 3});
+    add("alt+down", Qt::Key_Down | Qt::AltModifier, "Row=2 Col=2", {2, 2, 2, 2});
+    add("shift+down", Qt::Key_Down | shift, "Row=2 Col=2 RowSel=3", {2, 2, 4, 2});
+    add("shift+right", Qt::Key_Right | shift, "Row=2 Col=2", {2, 2, 2, 3});
 }
 
 void tst_FlexGridInput::keys()
 {
-    QFETCH(Qt::Key, key);
-    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(int, key);
     QFETCH(QString, setup);
-    QFETCH(QPoint, hidden);
     QFETCH(QList<int>, cursor);
-    if (hidden.y() >= 0)
-        m_grid->setRowHeight(hidden.y(), 0);
-    if (hidden.x() >= 0)
-        m_grid->setColWidth(hidden.x(), 0);
     run(*m_grid, setup);
     const QList<int> before = cursorOf(*m_grid);
     m_log->clear();
 
-    QTest::keyClick(m_grid, key, modifiers);
+    QTest::keyClick(m_grid, Qt::Key(key & ~Qt::KeyboardModifierMask),
+                    Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
 
     QCOMPARE(cursorOf(*m_grid), cursor);
     const QStringList events = cursor.mid(0, 2) != before.mid(0, 2) ? KeyMove
@@ -228,8 +219,9 @@ void tst_FlexGridInput::keys()
 
 void tst_FlexGridInput::keyHandlers()
 {
-    // A KeyDown handler that sets KeyCode to 0 cancels the move; one that moves the cell
-    // itself gets no second move from the grid. KeyPress and KeyUp see what was typed.
+    // A KeyDown handler that sets KeyCode to 0 cancels the move; one that moves
+    // the cell itself gets no second move from the grid. KeyPress and KeyUp see
+    // what was typed.
     QList<short> seen;
     connect(m_grid, &FlexGrid::KeyDown, m_grid, [this](short& keyCode, short&) {
         if (keyCode == vbKeyDown)
@@ -259,17 +251,15 @@ void tst_FlexGridInput::keyHandlers()
 void tst_FlexGridInput::scrolling_data()
 {
     QTest::addColumn<int>("viewportHeight");
-    QTest::addColumn<std::function<void(FlexGrid&)>>("action");
-    QTest::addColumn<int>("topRow");
-    QTest::addColumn<int>("leftCol");
+    QTest::addColumn<GridCall>("action");
+    QTest::addColumn<int>("topRow"); // -1: a page of the bar's
     QTest::addColumn<int>("scrolls");
 
-    using Action = std::function<void(FlexGrid&)>;
-    const auto bar = [](QAbstractSlider::SliderAction action) {
-        return Action([action](FlexGrid& g) { g.verticalScrollBar()->triggerAction(action); });
+    const auto add = [](const char* name, int height, const GridCall& action, int top, int n) {
+        QTest::newRow(name) << height << action << top << n;
     };
     const auto drag = [](bool track) {
-        return Action([track](FlexGrid& g) {
+        return GridCall([track](FlexGrid& g) {
             g.setScrollTrack(track);
             QScrollBar* bar = g.verticalScrollBar();
             bar->setSliderDown(true);
@@ -279,67 +269,77 @@ void tst_FlexGridInput::scrolling_data()
             bar->setSliderDown(false);
         });
     };
-    const auto wheelBy = [](QPoint delta) {
-        return Action([delta](FlexGrid& g) { wheel(g, delta); });
+    const GridCall notches = [](FlexGrid& g) {
+        wheel(g, {0, -120}), wheel(g, {0, -240}), wheel(g, {0, 120});
     };
-    const Action notches = [](FlexGrid& g) {
-        wheel(g, {0, -120});
-        wheel(g, {0, -240});
-        wheel(g, {0, 120});
-    };
-    QTest::newRow("wheel: three rows a notch") << 200 << notches << 7 << 1 << 3;
+    using A = QAbstractSlider;
+    add("wheel: three rows a notch", 200, notches, 7, 3);
     // The fixed row and two whole rows: a page is fewer than three rows.
-    QTest::newRow("wheel: a page when fewer fit") << 70 << notches << 5 << 1 << 3;
-    QTest::newRow("wheel sideways") << 200 << wheelBy({-120, 0}) << 1 << 1 << 0;
-    QTest::newRow("bar: line") << 200 << bar(QAbstractSlider::SliderSingleStepAdd) << 2 << 1 << 1;
-    QTest::newRow("bar: page") << 200 << bar(QAbstractSlider::SliderPageStepAdd) << -1 << 1 << 1;
-    QTest::newRow("bar: value") << 200
-                                << Action([](FlexGrid& g) { g.verticalScrollBar()->setValue(7); })
-                                << 7 << 1 << 1;
-    QTest::newRow("thumb, ScrollTrack off") << 200 << drag(false) << 10 << 1 << 1;
-    QTest::newRow("thumb, ScrollTrack on") << 200 << drag(true) << 10 << 1 << 2;
-    QTest::newRow("wheel without a vertical bar") << 200 << Action([](FlexGrid& g) {
-        g.setScrollBars(Flex::flexScrollBarHorizontal);
-        wheel(g, {0, -120});
-    }) << 1 << 1 << 0;
+    add("wheel: a page when fewer fit", 70, notches, 5, 3);
+    add(
+        "wheel sideways", 200,
+        [](FlexGrid& g) {
+            wheel(g, {-120, 0});
+        },
+        1, 0);
+    add(
+        "bar: line", 200,
+        [](FlexGrid& g) { g.verticalScrollBar()->triggerAction(A::SliderSingleStepAdd); }, 2, 1);
+    add(
+        "bar: page", 200,
+        [](FlexGrid& g) { g.verticalScrollBar()->triggerAction(A::SliderPageStepAdd); }, -1, 1);
+    add(
+        "bar: value", 200, [](FlexGrid& g) { g.verticalScrollBar()->setValue(7); }, 7, 1);
+    add("thumb, ScrollTrack off", 200, drag(false), 10, 1);
+    add("thumb, ScrollTrack on", 200, drag(true), 10, 2);
+    add(
+        "wheel without a vertical bar", 200,
+        [](FlexGrid& g) {
+            g.setScrollBars(1), wheel(g, {0, -120});
+        },
+        1, 0);
 }
 
 void tst_FlexGridInput::scrolling()
 {
     QFETCH(int, viewportHeight);
-    QFETCH(std::function<void(FlexGrid&)>, action);
+    QFETCH(GridCall, action);
     QFETCH(int, topRow);
-    QVERIFY(grow());
-    if (topRow < 0) // a page of the bar's
-        topRow = 1 + m_grid->verticalScrollBar()->pageStep();
+    fill(*m_grid, 60, 4, true);
     QVERIFY(setViewport(*m_grid, {Viewport.width(), viewportHeight}));
+    if (topRow < 0)
+        topRow = 1 + m_grid->verticalScrollBar()->pageStep();
     m_grid->setRow(2);
     m_log->clear();
 
     action(*m_grid);
 
+    // Whole rows only, no cell moves: the first scrolled row starts right under
+    // the fixed row.
     QCOMPARE(m_grid->TopRow(), topRow);
-    QTEST(m_grid->LeftCol(), "leftCol");
-    QTEST(int(m_log->count("Scroll")), "scrolls");
-    QCOMPARE(m_log->count("Scroll"), int(m_log->names.size()));
+    QCOMPARE(m_grid->LeftCol(), 1);
+    QFETCH(int, scrolls);
+    QCOMPARE(m_log->names, QStringList(scrolls, QStringLiteral("Scroll")));
     QCOMPARE(m_grid->Row(), 2);
-    // Whole rows: the first scrolled row starts right under the fixed row.
     QCOMPARE(m_grid->RowPos(topRow), RowTwips);
 }
 
 void tst_FlexGridInput::resizing_data()
 {
     QTest::addColumn<int>("allowUserResizing");
-    QTest::addColumn<bool>("column");
+    QTest::addColumn<bool>("column"); // the line right of column 2's header, or below row 3's
     QTest::addColumn<int>("drag");
     QTest::addColumn<int>("size");
-    QTest::newRow("columns, wider") << 1 << true << 30 << ColTwips + 450;
-    QTest::newRow("both, narrower") << 3 << true << -20 << ColTwips - 300;
-    QTest::newRow("columns, down to zero") << 1 << true << -100 << 0;
-    QTest::newRow("none") << 0 << true << 30 << ColTwips;
-    QTest::newRow("rows only, column") << 2 << true << 30 << ColTwips;
-    QTest::newRow("rows") << 2 << false << 10 << RowTwips + 150;
-    QTest::newRow("columns only, row") << 1 << false << 10 << RowTwips;
+    const auto add = [](const char* name, int allow, bool column, int drag, int size) {
+        QTest::newRow(name) << allow << column << drag << size;
+    };
+    add("columns, wider", 1, true, 30, ColTwips + 450);
+    add("both, narrower", 3, true, -20, ColTwips - 300);
+    add("columns, down to zero", 1, true, -100, 0);
+    add("none", 0, true, 30, ColTwips);
+    add("rows only, column", 2, true, 30, ColTwips);
+    add("rows", 2, false, 10, RowTwips + 150);
+    add("columns only, row", 1, false, 10, RowTwips);
 }
 
 void tst_FlexGridInput::resizing()
@@ -350,13 +350,12 @@ void tst_FlexGridInput::resizing()
     QFETCH(int, size);
     m_grid->setAllowUserResizing(allowUserResizing);
     QWidget* const viewport = m_grid->viewport();
-    // The line right of the header of column 2, or below the header of row 3.
     const QRect header = column ? cellRect(*m_grid, 0, 2) : cellRect(*m_grid, 3, 0);
     const QPoint line = column ? QPoint(header.right(), header.center().y())
                                : QPoint(header.center().x(), header.bottom());
     const QPoint target = line + (column ? QPoint(drag, 0) : QPoint(0, drag));
     hover(*m_grid, line);
-    const bool grip = size != (column ? ColTwips : RowTwips) || drag == 0;
+    const bool grip = size != (column ? ColTwips : RowTwips);
     QCOMPARE(viewport->cursor().shape(), !grip    ? Qt::ArrowCursor
                                          : column ? Qt::SplitHCursor
                                                   : Qt::SplitVCursor);

@@ -7,8 +7,6 @@
 #include <QFontMetrics>
 #include <QImage>
 
-#include <array>
-
 using namespace VemoGridLib;
 using namespace VemoGridLib::Flex;
 using namespace VemoTest;
@@ -22,30 +20,22 @@ const QMap<QString, QColor> Colours = {
     {"MAGENTA", QColor(255, 0, 255)}, {"BLACK", QColor(Qt::black)},
     {"WHITE", QColor(Qt::white)}};
 
-// The steps with colour names as OLE colours.
-QString withColours(QString steps)
+/// A shown 6 × 4 grid of 80 × 20 px cells with blue text, after `steps` (colour names stand for
+/// their OLE colours); "focus" in the steps gives it the keyboard focus.
+std::unique_ptr<Scene> paintedGrid(QString steps)
 {
-    for (auto it = Colours.begin(); it != Colours.end(); ++it)
-        steps.replace(it.key(), QStringLiteral("0x%1").arg(fromQColor(it.value()), 0, 16));
-    return steps;
-}
-
-/// A shown 6 × 4 grid of 80 × 20 px cells with blue text, after `steps`; "focus" in the steps
-/// gives it the keyboard focus, which it otherwise does not have.
-std::unique_ptr<Scene> paintedGrid(const QString& steps = {}, int rows = 6)
-{
-    auto scene = showGrid(rows, 4);
+    auto scene = showGrid(6, 4);
     if (!scene)
         return nullptr;
     scene->grid->setForeColor(fromQColor(Colours["BLUE"]));
-    run(*scene->grid, withColours(QString(steps).remove(QStringLiteral("focus"))));
+    const bool focus = steps.contains(QStringLiteral("focus"));
+    for (auto it = Colours.begin(); it != Colours.end(); ++it)
+        steps.replace(it.key(), QStringLiteral("0x%1").arg(fromQColor(it.value()), 0, 16));
+    run(*scene->grid, steps.remove(QStringLiteral("focus")));
     scene->window.activateWindow();
     if (!QTest::qWaitForWindowActive(&scene->window))
         return nullptr;
-    if (steps.contains(QStringLiteral("focus")))
-        scene->grid->setFocus();
-    else
-        scene->other->setFocus();
+    focus ? scene->grid->setFocus() : scene->other->setFocus();
     return scene;
 }
 
@@ -54,29 +44,19 @@ QImage shot(FlexGrid& grid)
     return grid.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-int countPixels(const QImage& image, const QRect& area, const QColor& color)
+/// The pixels of exactly `color` inside `area`: their number and bounding box.
+std::pair<int, QRect> ink(const QImage& image, const QRect& area, const QColor& color)
 {
     int count = 0;
-    const QRect inside = area & image.rect();
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x)
-            count += image.pixel(x, y) == color.rgb() ? 1 : 0;
-    }
-    return count;
-}
-
-/// The bounding box of the pixels of exactly `color` inside `area`.
-QRect inkBounds(const QImage& image, const QRect& area, const QColor& color)
-{
     QRect bounds;
     const QRect inside = area & image.rect();
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
         for (int x = inside.left(); x <= inside.right(); ++x) {
             if (image.pixel(x, y) == color.rgb())
-                bounds |= QRect(x, y, 1, 1);
+                ++count, bounds |= QRect(x, y, 1, 1);
         }
     }
-    return bounds;
+    return {count, bounds};
 }
 
 /// 'L', 'C' or 'R' (or 'T', 'M', 'B') from the free space before and after the ink.
@@ -97,8 +77,6 @@ private slots:
     void pixels();
     void text_data();
     void text();
-    void textStyle_data();
-    void textStyle();
     void cellPicture_data();
     void cellPicture();
     void redrawAndPicture();
@@ -108,13 +86,12 @@ void tst_FlexGridPaint::pixels_data()
 {
     QTest::addColumn<QString>("steps");
     // Probes "row,col,place=COLOUR"; places of the cell: c centre, l / t its left / top edge,
-    // T one pixel below the top edge,
-    // r / b its right / bottom grid line (at mid-height / mid-width), u the right line near
-    // the top, v the bottom line near the right, i just left of the right line, R and J two
-    // and three pixels left of it, o / d five pixels right of / below the cell.
+    // T one pixel below the top edge, r / b its right / bottom grid line (at mid-height /
+    // mid-width), u the right line near the top, v the bottom line near the right, i / R / J
+    // one / two / three pixels left of the right line, o / d five pixels right of / below it.
     QTest::addColumn<QString>("probes");
 
-    const auto add = [](const char* name, const char* steps, const char* probes) {
+    const auto add = [](const char* name, const QString& steps, const char* probes) {
         QTest::newRow(name) << steps << probes;
     };
     add("defaults", "", "2,2,c=WINDOW 0,2,c=BUTTON 3,0,c=BUTTON 5,3,o=GREY 5,3,d=GREY");
@@ -127,8 +104,7 @@ void tst_FlexGridPaint::pixels_data()
     add("selection", "BackColorSel=RED sel=1,1,3,2",
         "2,2,c=RED 3,1,c=RED 1,1,c=WINDOW 4,2,c=WINDOW");
     add("HighLight never", "HighLight=0 BackColorSel=RED sel=1,1,3,2", "2,2,c=WINDOW");
-    add("HighLight with focus, focused", "focus HighLight=2 BackColorSel=RED sel=1,1,3,2",
-        "2,2,c=RED");
+    add("HighLight with focus", "focus HighLight=2 BackColorSel=RED sel=1,1,3,2", "2,2,c=RED");
     add("HighLight with focus, unfocused", "HighLight=2 BackColorSel=RED sel=1,1,3,2",
         "2,2,c=WINDOW");
     // The focus rectangle shows on the current cell even when the grid does not have the focus:
@@ -152,32 +128,21 @@ void tst_FlexGridPaint::pixels_data()
     add("fixed grid lines flat", "GridLinesFixed=1 GridColorFixed=RED GridColor=GREEN",
         "0,2,r=RED 0,2,b=RED 2,2,r=GREEN");
     // Two equal texts side by side in row 2 (MergeRow) or one above the other in column 2.
-    const char* row = "TextMatrix(2,1,Same) TextMatrix(2,2,Same) MergeRow(2,1) GridColor=GREEN";
+    const QString row = "TextMatrix(2,1,S) TextMatrix(2,2,S) MergeRow(2,1) GridColor=GREEN ";
     const QString column = "TextMatrix(2,2,V) TextMatrix(3,2,V) MergeCol(2,1) GridColor=GREEN ";
     add("merge never", row, "2,1,u=GREEN");
-    QTest::newRow("merge free") << QString(row) + " MergeCells=1"
-                                << "2,1,u=WINDOW";
-    QTest::newRow("merge restrict rows") << QString(row) + " MergeCells=2"
-                                         << "2,1,u=WINDOW";
-    QTest::newRow("merge restrict columns, row above apart") << QString(row) + " MergeCells=3"
-                                                             << "2,1,u=GREEN";
-    QTest::newRow("merge restrict all, row above apart") << QString(row) + " MergeCells=4"
-                                                         << "2,1,u=GREEN";
-    add("merge free, row not flagged",
-        "TextMatrix(2,1,S) TextMatrix(2,2,S) MergeCells=1 GridColor=GREEN", "2,1,u=GREEN");
-    add("merge free, texts differ",
-        "TextMatrix(2,1,S) TextMatrix(2,2,T) MergeRow(2,1) MergeCells=1 GridColor=GREEN",
-        "2,1,u=GREEN");
+    add("merge free", row + "MergeCells=1", "2,1,u=WINDOW");
+    add("merge restrict rows", row + "MergeCells=2", "2,1,u=WINDOW");
+    add("merge restrict columns, row above apart", row + "MergeCells=3", "2,1,u=GREEN");
+    add("merge restrict all, row above apart", row + "MergeCells=4", "2,1,u=GREEN");
+    add("merge free, row not flagged", row + "MergeRow(2,0) MergeCells=1", "2,1,u=GREEN");
+    add("merge free, texts differ", row + "TextMatrix(2,2,T) MergeCells=1", "2,1,u=GREEN");
     add("merge free, empty cells", "MergeRow(2,1) MergeCells=1 GridColor=GREEN", "2,1,u=GREEN");
-    QTest::newRow("merge down, free") << column + "MergeCells=1"
-                                      << "2,2,v=WINDOW";
-    QTest::newRow("merge down, restrict rows, left apart") << column + "MergeCells=2"
-                                                           << "2,2,v=GREEN";
-    QTest::newRow("merge down, restrict rows, left merged")
-        << column + "MergeCells=2 MergeCol(1,1) TextMatrix(2,1,G) TextMatrix(3,1,G)"
-        << "2,2,v=WINDOW";
-    QTest::newRow("merge down, restrict columns") << column + "MergeCells=3"
-                                                  << "2,2,v=WINDOW";
+    add("merge down, free", column + "MergeCells=1", "2,2,v=WINDOW");
+    add("merge down, restrict rows, left apart", column + "MergeCells=2", "2,2,v=GREEN");
+    add("merge down, restrict rows, left merged",
+        column + "MergeCells=2 MergeCol(1,1) TextMatrix(2,1,G) TextMatrix(3,1,G)", "2,2,v=WINDOW");
+    add("merge down, restrict columns", column + "MergeCells=3", "2,2,v=WINDOW");
 }
 
 void tst_FlexGridPaint::pixels()
@@ -220,99 +185,66 @@ void tst_FlexGridPaint::text_data()
     QTest::addColumn<QString>("text"); // in cell (2, 2), 60 px high
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("colour");
-    QTest::addColumn<QString>("placement"); // horizontal then vertical
-    QTest::addColumn<bool>("tall");         // more than a line of the grid font high
-
+    // Where the ink sits, horizontally then vertically, if checked; '+' if it is taller than
+    // a line of the grid font. The text styles show light and shadow pixels on teal.
+    QTest::addColumn<QString>("placement");
+    const auto add = [](const char* name, const char* text, const QString& steps,
+                        const char* colour, const char* placement) {
+        QTest::newRow(name) << text << steps << colour << placement;
+    };
     for (int alignment = 0; alignment <= 8; ++alignment) {
         const char place[] = {"LCR"[alignment / 3], "TMB"[alignment % 3], 0};
-        QTest::addRow("alignment %d", alignment)
-            << "MMM" << QStringLiteral("ColAlignment(2,%1)").arg(alignment) << "BLUE" << place
-            << false;
+        add(place, "MMM", QStringLiteral("ColAlignment(2,%1)").arg(alignment), "BLUE", place);
     }
-    QTest::newRow("general, text") << "MMM"
-                                   << ""
-                                   << "BLUE"
-                                   << "LM" << false;
-    QTest::newRow("general, number") << "-12.5"
-                                     << ""
-                                     << "BLUE"
-                                     << "RM" << false;
-    QTest::newRow("CellForeColor") << "MMM"
-                                   << "sel=2,2,2,2 CellForeColor(RED) Row=4"
-                                   << "RED"
-                                   << "LM" << false;
-    QTest::newRow("WordWrap") << "alpha beta gamma delta"
-                              << "WordWrap=true"
-                              << "BLUE"
-                              << "" << true;
-    QTest::newRow("no WordWrap") << "alpha beta gamma delta"
-                                 << ""
-                                 << "BLUE"
-                                 << "" << false;
-    QTest::newRow("the cell's own font")
-        << "MMM"
-        << "sel=2,2,2,2 CellFontSize(20) CellFontWidth(12) CellFontUnderline(1) Row=4"
-        << "BLUE"
-        << "" << true;
-    QTest::newRow("fixed cell") << "MMM"
-                                << "FixedRows=3 ForeColorFixed=RED"
-                                << "RED"
-                                << "" << false;
+    add("general, text", "MMM", "", "BLUE", "LM");
+    add("general, number", "-12.5", "", "BLUE", "RM");
+    add("CellForeColor", "MMM", "sel=2,2,2,2 CellForeColor(RED) Row=4", "RED", "LM");
+    add("WordWrap", "alpha beta gamma delta", "WordWrap=true", "BLUE", "+");
+    add("no WordWrap", "alpha beta gamma delta", "", "BLUE", "");
+    add("the cell's own font", "MMM",
+        "sel=2,2,2,2 CellFontSize(20) CellFontWidth(12) CellFontUnderline(1) Row=4", "BLUE", "+");
+    add("fixed cell", "MMM", "FixedRows=3 ForeColorFixed=RED", "RED", "");
+    const QString teal = "BackColor=TEAL BackColorFixed=TEAL ForeColorFixed=BLUE GridLines=0 "
+                         "GridLinesFixed=0 ";
+    add("flat", "WWW", teal, "BLUE", "");
+    add("raised", "WWW", teal + "TextStyle=1", "BLUE", "light shadow");
+    add("inset", "WWW", teal + "TextStyle=2", "BLUE", "light shadow");
+    add("raised light", "WWW", teal + "TextStyle=3", "BLUE", "shadow");
+    add("inset light", "WWW", teal + "TextStyle=4", "BLUE", "light");
+    add("the cell's own style", "WWW", teal + "TextStyle=1 sel=2,2,2,2 CellTextStyle(0) Row=4",
+        "BLUE", "");
+    add("fixed cell style", "WWW", teal + "FixedRows=3 TextStyle=1 TextStyleFixed=4", "BLUE",
+        "light");
 }
 
 void tst_FlexGridPaint::text()
 {
-    QFETCH(QString, text);
     QFETCH(QString, steps);
     QFETCH(QString, colour);
     QFETCH(QString, placement);
-    QFETCH(bool, tall);
     const auto scene = paintedGrid(QStringLiteral("RowHeight(2,900) ") + steps);
     QVERIFY(scene);
     FlexGrid& grid = *scene->grid;
+    QFETCH(QString, text);
     grid.setTextMatrix(2, 2, text);
     const QImage image = shot(grid);
 
     const QRect cell = cellRect(grid, 2, 2);
-    const QRect ink = inkBounds(image, cell, Colours[colour]);
-    QVERIFY(countPixels(image, cell, Colours[colour]) > 20);
-    QCOMPARE(countPixels(image, cellRect(grid, 2, 3), Colours[colour]), 0);
-    QCOMPARE(ink.height() > QFontMetrics(grid.Font()).height(), tall);
-    if (placement.isEmpty())
+    const auto [count, bounds] = ink(image, cell, Colours[colour]);
+    QVERIFY(count > 20);
+    QCOMPARE(ink(image, cellRect(grid, 2, 3), Colours[colour]).first, 0);
+    if (steps.startsWith(u'B')) {
+        QCOMPARE(ink(image, cell, Colours["WHITE"]).first > 0, placement.contains(u"light"));
+        QCOMPARE(ink(image, cell, Colours["GREY"]).first > 0, placement.contains(u"shadow"));
         return;
-    const char found[] = {place(ink.left() - cell.left(), cell.right() - ink.right(), "LCR"),
-                          place(ink.top() - cell.top(), cell.bottom() - ink.bottom(), "TMB"), 0};
+    }
+    QCOMPARE(bounds.height() > QFontMetrics(grid.Font()).height(), placement == u"+");
+    if (placement.size() != 2)
+        return;
+    const char found[] = {place(bounds.left() - cell.left(), cell.right() - bounds.right(), "LCR"),
+                          place(bounds.top() - cell.top(), cell.bottom() - bounds.bottom(), "TMB"),
+                          0};
     QCOMPARE(QString::fromLatin1(found), placement);
-}
-
-void tst_FlexGridPaint::textStyle_data()
-{
-    QTest::addColumn<QString>("steps"); // for "WWW" in cell (2, 2) on teal
-    QTest::addColumn<bool>("light");
-    QTest::addColumn<bool>("shadow");
-    QTest::newRow("flat") << "" << false << false;
-    QTest::newRow("raised") << "TextStyle=1" << true << true;
-    QTest::newRow("inset") << "TextStyle=2" << true << true;
-    QTest::newRow("raised light") << "TextStyle=3" << false << true;
-    QTest::newRow("inset light") << "TextStyle=4" << true << false;
-    QTest::newRow("the cell's own")
-        << "TextStyle=1 sel=2,2,2,2 CellTextStyle(0) Row=4" << false << false;
-    QTest::newRow("fixed cell") << "FixedRows=3 TextStyle=1 TextStyleFixed=4" << true << false;
-}
-
-void tst_FlexGridPaint::textStyle()
-{
-    QFETCH(QString, steps);
-    const auto scene = paintedGrid(
-        "BackColor=TEAL BackColorFixed=TEAL ForeColorFixed=BLUE GridLines=0 GridLinesFixed=0 " +
-        steps);
-    QVERIFY(scene);
-    scene->grid->setTextMatrix(2, 2, QStringLiteral("WWW"));
-    const QImage image = shot(*scene->grid);
-    const QRect cell = cellRect(*scene->grid, 2, 2);
-    QVERIFY(countPixels(image, cell, Colours["BLUE"]) > 20);
-    QTEST(countPixels(image, cell, Colours["WHITE"]) > 0, "light");
-    QTEST(countPixels(image, cell, Colours["GREY"]) > 0, "shadow");
 }
 
 void tst_FlexGridPaint::cellPicture_data()
@@ -341,20 +273,17 @@ void tst_FlexGridPaint::cellPicture()
     const QImage image = shot(grid);
 
     const QRect cell = cellRect(grid, 2, 2);
-    const QSize shown =
-        size > cell.height() ? QSize(cell.height() - 1, cell.height() - 1) : QSize(size, size);
-    const QSize free = cell.size() - QSize(1, 1) - shown;
-    const std::array<int, 3> xs{0, free.width() / 2, free.width()};
-    const std::array<int, 3> ys{0, free.height() / 2, free.height()};
-    const QRect expected(cell.topLeft() + QPoint(xs[alignment / 3], ys[alignment % 3]), shown);
-    QCOMPARE(inkBounds(image, image.rect(), Colours["MAGENTA"]), expected);
-    QCOMPARE(countPixels(image, cell, Colours["MAGENTA"]), shown.width() * shown.height());
-    QCOMPARE(countPixels(image, cell, Colours["BLUE"]), 0);
+    const int shown = std::min(size, cell.height() - 1);
+    const QSize free = cell.size() - QSize(1 + shown, 1 + shown);
+    const QPoint offset(free.width() * (alignment / 3) / 2, free.height() * (alignment % 3) / 2);
+    QCOMPARE(ink(image, image.rect(), Colours["MAGENTA"]),
+             std::pair(shown * shown, QRect(cell.topLeft() + offset, QSize(shown, shown))));
+    QCOMPARE(ink(image, cell, Colours["BLUE"]).first, 0);
 }
 
 void tst_FlexGridPaint::redrawAndPicture()
 {
-    const auto scene = paintedGrid();
+    const auto scene = paintedGrid("");
     QVERIFY(scene);
     FlexGrid& grid = *scene->grid;
     const auto render = [&grid](const QRegion& region = {}) {
@@ -366,19 +295,19 @@ void tst_FlexGridPaint::redrawAndPicture()
     const QRect cell = cellRect(grid, 2, 2);
     // Only the region asked for is painted.
     const QImage part = render(QRegion(cell));
-    QCOMPARE(countPixels(part, part.rect(), Colours["MAGENTA"]),
+    QCOMPARE(ink(part, part.rect(), Colours["MAGENTA"]).first,
              part.width() * part.height() - cell.width() * cell.height());
 
     // Redraw false suspends painting; Picture still shows the cells as they are.
-    run(grid, withColours("Redraw=false sel=2,2,2,2 CellBackColor(TEAL) Row=4"));
+    run(grid, QStringLiteral("Redraw=false sel=2,2,2,2 CellBackColor(0x808000) Row=4"));
     QCOMPARE(QColor(render().pixel(cell.center())), Colours["MAGENTA"]);
     const QImage picture = grid.Picture().toImage().convertToFormat(QImage::Format_RGB32);
     QCOMPARE(picture.size(), grid.viewport()->size());
     QCOMPARE(QColor(picture.pixel(cell.center())), Colours["TEAL"]);
     grid.setPictureType(flexPictureMonochrome);
     const QImage mono = grid.Picture().toImage().convertToFormat(QImage::Format_RGB32);
-    const int black = countPixels(mono, mono.rect(), Qt::black);
-    const int white = countPixels(mono, mono.rect(), Qt::white);
+    const int black = ink(mono, mono.rect(), Qt::black).first;
+    const int white = ink(mono, mono.rect(), Qt::white).first;
     QVERIFY(black > 0 && white > 0);
     QCOMPARE(black + white, mono.width() * mono.height());
     grid.setRedraw(true);

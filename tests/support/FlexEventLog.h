@@ -7,14 +7,12 @@
 
 #include <QStringList>
 
-#include <vector>
-
 namespace VemoTest {
 
-// Records a grid's events by name in the order they fire; `cells` adds the current cell and
-// selection corner each cell event saw. Key events of modifier keys are left out: QTest presses
-// and releases them around a key, as a keyboard does.
-class EventLog
+// Records a grid's events by name in firing order; `cells` adds the current
+// cell and selection corner each cell event saw. Modifier keys are left out:
+// QTest presses them around a key.
+class EventLog : public QObject
 {
 public:
     explicit EventLog(VemoGridLib::FlexGrid& grid)
@@ -37,39 +35,25 @@ public:
             };
         };
         const auto key = [this](const char* name) {
-            return [this, name](short& code, short&) {
-                if (code != VemoGridLib::vbKeyShift && code != VemoGridLib::vbKeyControl &&
-                    code != VemoGridLib::vbKeyMenu)
+            return [this, name](short& code) {
+                using namespace VemoGridLib;
+                if (code != vbKeyShift && code != vbKeyControl && code != vbKeyMenu)
                     names << QLatin1String(name);
             };
         };
-        const auto mouse = [this](const char* name) {
-            return [this, name](short, short, float, float) {
-                names << QLatin1String(name);
-            };
-        };
-        m_connections = {
-            QObject::connect(&grid, &G::LeaveCell, cell("LeaveCell")),
-            QObject::connect(&grid, &G::SelChange, cell("SelChange")),
-            QObject::connect(&grid, &G::EnterCell, cell("EnterCell")),
-            QObject::connect(&grid, &G::RowColChange, cell("RowColChange")),
-            QObject::connect(&grid, &G::Scroll, plain("Scroll")),
-            QObject::connect(&grid, &G::Click, plain("Click")),
-            QObject::connect(&grid, &G::DblClick, plain("DblClick")),
-            QObject::connect(&grid, &G::MouseDown, mouse("MouseDown")),
-            QObject::connect(&grid, &G::MouseUp, mouse("MouseUp")),
-            QObject::connect(&grid, &G::KeyDown, key("KeyDown")),
-            QObject::connect(&grid, &G::KeyPress, [this](short&) { names << "KeyPress"; }),
-            QObject::connect(&grid, &G::KeyUp, key("KeyUp")),
-        };
+        connect(&grid, &G::LeaveCell, this, cell("LeaveCell"));
+        connect(&grid, &G::SelChange, this, cell("SelChange"));
+        connect(&grid, &G::EnterCell, this, cell("EnterCell"));
+        connect(&grid, &G::RowColChange, this, cell("RowColChange"));
+        connect(&grid, &G::Scroll, this, plain("Scroll"));
+        connect(&grid, &G::Click, this, plain("Click"));
+        connect(&grid, &G::DblClick, this, plain("DblClick"));
+        connect(&grid, &G::MouseDown, this, plain("MouseDown"));
+        connect(&grid, &G::MouseUp, this, plain("MouseUp"));
+        connect(&grid, &G::KeyDown, this, key("KeyDown"));
+        connect(&grid, &G::KeyPress, this, plain("KeyPress"));
+        connect(&grid, &G::KeyUp, this, key("KeyUp"));
     }
-    ~EventLog()
-    {
-        for (const QMetaObject::Connection& connection : m_connections)
-            QObject::disconnect(connection);
-    }
-    EventLog(const EventLog&) = delete;
-    EventLog& operator=(const EventLog&) = delete;
 
     /// The recorded names without Scroll.
     QStringList cellEvents() const
@@ -79,17 +63,10 @@ public:
         return events;
     }
     int count(const QString& name) const { return int(names.count(name)); }
-    void clear()
-    {
-        names.clear();
-        cells.clear();
-    }
+    void clear() { names.clear(), cells.clear(); }
 
     QStringList names;
     QStringList cells;
-
-private:
-    std::vector<QMetaObject::Connection> m_connections;
 };
 
 } // namespace VemoTest
