@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The shown grid, pinned font, cell geometry and step runner shared by the
-// FlexGrid tests.
+// The shown grid, pinned font, cell geometry and step runner shared by the FlexGrid tests.
 #pragma once
 
 #include "FlexEventLog.h"
@@ -26,14 +25,12 @@ using VemoGridLib::FlexGrid;
 constexpr int TwipsPerPixel = 15;
 constexpr int RowTwips = 300;  // 20 px
 constexpr int ColTwips = 1200; // 80 px
-/// A shown grid's viewport: the fixed row and 9 data rows, the fixed column and
-/// 4 data columns.
+/// A shown grid's viewport: the fixed row and 9 data rows, the fixed column and 4 data columns.
 constexpr QSize Viewport(400, 200);
 constexpr int VisibleRows = 9;
 constexpr int VisibleCols = 4;
 
-/// Pins an unsmoothed font (text ink is exactly the text colour) and checks the
-/// assumed 96 dpi.
+/// Pins an unsmoothed font (text ink is exactly the text colour) and checks the assumed 96 dpi.
 inline bool pinFontAndDpi()
 {
     QFont font(QStringLiteral("DejaVu Sans"), 9);
@@ -68,9 +65,8 @@ std::function<void(FlexGrid&, const QList<int>&)> member(void (FlexGrid::*f)(A..
     };
 }
 
-/// Runs steps separated by blanks: `Name=value` sets the property Name (0x… is
-/// hexadecimal), `sel=r,c,rs,cs` selects, and `Member(args)` calls AddItem,
-/// TextMatrix or a member below.
+/// Runs steps separated by blanks: `Name=value` sets the property Name (0x… is hexadecimal),
+/// `sel=r,c,rs,cs` selects, and `Member(args)` calls AddItem, TextMatrix or a member below.
 inline void run(FlexGrid& grid, const QString& script)
 {
     using G = FlexGrid;
@@ -78,7 +74,6 @@ inline void run(FlexGrid& grid, const QString& script)
         {"RemoveItem", member(&G::RemoveItem)},
         {"scroll", member(&G::scrollVertically)},
         {"RowPosition", member(&G::setRowPosition)},
-        {"ColPosition", member(&G::setColPosition)},
         {"RowHeight", member(&G::setRowHeight)},
         {"ColWidth", member(&G::setColWidth)},
         {"ColAlignment", member(&G::setColAlignment)},
@@ -130,9 +125,7 @@ inline void fill(FlexGrid& grid, int rows, int cols, bool texts = false)
     }
 }
 
-/// Resizes the grid so that its viewport, with the scroll bars it shows now,
-/// measures `size`; the scroll area shows or hides its bars from the event
-/// loop.
+/// Resizes the grid so that its viewport measures `size`, its scroll bars settled.
 inline bool setViewport(FlexGrid& grid, QSize size)
 {
     for (int i = 0; i < 3; ++i) {
@@ -145,8 +138,7 @@ inline bool setViewport(FlexGrid& grid, QSize size)
     return false;
 }
 
-/// A window holding a grid and a line edit that can take the keyboard focus
-/// from it.
+/// A window holding a grid and a line edit that can take the keyboard focus from it.
 struct Scene
 {
     QWidget window;
@@ -154,8 +146,7 @@ struct Scene
     QLineEdit* other = new QLineEdit(&window);
 };
 
-/// A shown grid filled as by fill(), its viewport exactly Viewport; null if it
-/// failed to show.
+/// A shown grid filled as by fill(), its viewport exactly Viewport; null if it failed to show.
 inline std::unique_ptr<Scene> showGrid(int rows, int cols, bool texts = false)
 {
     auto scene = std::make_unique<Scene>();
@@ -169,8 +160,7 @@ inline std::unique_ptr<Scene> showGrid(int rows, int cols, bool texts = false)
     return scene;
 }
 
-/// A cell's rectangle in viewport pixels, its grid lines included, from the
-/// twips geometry.
+/// A cell's rectangle in viewport pixels, its grid lines included, from the twips geometry.
 inline QRect cellRect(const FlexGrid& grid, int row, int col)
 {
     return QRect(grid.ColPos(col) / TwipsPerPixel, grid.RowPos(row) / TwipsPerPixel,

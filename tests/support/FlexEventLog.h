@@ -9,9 +9,8 @@
 
 namespace VemoTest {
 
-// Records a grid's events by name in firing order; `cells` adds the current
-// cell and selection corner each cell event saw. Modifier keys are left out:
-// QTest presses them around a key.
+// Records a grid's events by name in firing order; `cells` adds the current cell each cell event
+// saw. Modifier keys are left out: QTest presses them around a key.
 class EventLog : public QObject
 {
 public:
@@ -21,12 +20,8 @@ public:
         const auto cell = [this, &grid](const char* name) {
             return [this, &grid, name] {
                 names << QLatin1String(name);
-                cells << QStringLiteral("%1 %2,%3 sel %4,%5")
-                             .arg(QLatin1String(name))
-                             .arg(grid.Row())
-                             .arg(grid.Col())
-                             .arg(grid.RowSel())
-                             .arg(grid.ColSel());
+                cells
+                    << QString("%1 %2,%3").arg(QLatin1String(name)).arg(grid.Row()).arg(grid.Col());
             };
         };
         const auto plain = [this](const char* name) {
