@@ -28,7 +28,6 @@ constexpr int ColTwips = 1200; // 80 px
 /// A shown grid's viewport: the fixed row and 9 data rows, the fixed column and 4 data columns.
 constexpr QSize Viewport(400, 200);
 constexpr int VisibleRows = 9;
-constexpr int VisibleCols = 4;
 
 /// Pins an unsmoothed font (text ink is exactly the text colour) and checks the assumed 96 dpi.
 inline bool pinFontAndDpi()
@@ -39,59 +38,52 @@ inline bool pinFontAndDpi()
     return QGuiApplication::primaryScreen()->logicalDotsPerInch() == 96;
 }
 
-// Records a grid's events by name in firing order; `cells` adds the current cell each cell event
-// saw. Modifier keys are left out: QTest presses them around a key.
+// Records a grid's events by name in firing order, and in `cells` with the current cell each saw.
+// Modifier keys are left out: QTest presses them around a key.
 class EventLog : public QObject
 {
 public:
-    explicit EventLog(VemoGridLib::FlexGrid& grid)
+    explicit EventLog(FlexGrid& grid)
+        : m_grid(grid)
     {
-        using G = VemoGridLib::FlexGrid;
-        const auto cell = [this, &grid](const char* name) {
-            return [this, &grid, name] {
-                names << QLatin1String(name);
-                cells
-                    << QString("%1 %2,%3").arg(QLatin1String(name)).arg(grid.Row()).arg(grid.Col());
-            };
-        };
-        const auto plain = [this](const char* name) {
+        using G = FlexGrid;
+        const auto on = [this](const char* name) {
             return [this, name] {
-                names << QLatin1String(name);
+                record(name);
             };
         };
         const auto key = [this](const char* name) {
             return [this, name](short& code) {
                 using namespace VemoGridLib;
                 if (code != vbKeyShift && code != vbKeyControl && code != vbKeyMenu)
-                    names << QLatin1String(name);
+                    record(name);
             };
         };
-        connect(&grid, &G::LeaveCell, this, cell("LeaveCell"));
-        connect(&grid, &G::SelChange, this, cell("SelChange"));
-        connect(&grid, &G::EnterCell, this, cell("EnterCell"));
-        connect(&grid, &G::RowColChange, this, cell("RowColChange"));
-        connect(&grid, &G::Scroll, this, plain("Scroll"));
-        connect(&grid, &G::Click, this, plain("Click"));
-        connect(&grid, &G::DblClick, this, plain("DblClick"));
-        connect(&grid, &G::MouseDown, this, plain("MouseDown"));
-        connect(&grid, &G::MouseUp, this, plain("MouseUp"));
+        connect(&grid, &G::LeaveCell, this, on("LeaveCell"));
+        connect(&grid, &G::SelChange, this, on("SelChange"));
+        connect(&grid, &G::EnterCell, this, on("EnterCell"));
+        connect(&grid, &G::RowColChange, this, on("RowColChange"));
+        connect(&grid, &G::Scroll, this, on("Scroll"));
+        connect(&grid, &G::Click, this, on("Click"));
+        connect(&grid, &G::DblClick, this, on("DblClick"));
+        connect(&grid, &G::MouseDown, this, on("MouseDown"));
+        connect(&grid, &G::MouseUp, this, on("MouseUp"));
         connect(&grid, &G::KeyDown, this, key("KeyDown"));
-        connect(&grid, &G::KeyPress, this, plain("KeyPress"));
+        connect(&grid, &G::KeyPress, this, on("KeyPress"));
         connect(&grid, &G::KeyUp, this, key("KeyUp"));
     }
-
-    /// The recorded names without Scroll.
-    QStringList cellEvents() const
+    void record(const char* name)
     {
-        QStringList events = names;
-        events.removeAll(QStringLiteral("Scroll"));
-        return events;
+        names << QLatin1String(name);
+        cells << QString("%1 %2,%3").arg(QLatin1String(name)).arg(m_grid.Row()).arg(m_grid.Col());
     }
-    int count(const QString& name) const { return int(names.count(name)); }
     void clear() { names.clear(), cells.clear(); }
 
     QStringList names;
     QStringList cells;
+
+private:
+    FlexGrid& m_grid;
 };
 
 /// Row, Col, RowSel and ColSel.
