@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The console reporter every bench_<name> executable shares: it keeps each benchmark's time and
 // counters so that, after the run, main can print VemoGridLib's ratio against the peers it
 // measured in the same run and whether the targets are met.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The clock every benchmark reads.
 #pragma once
 

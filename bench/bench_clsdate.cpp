@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // clsDate against ICU's Chinese calendar, converting every supported day.
 #include <VemoGridLib/clsDate.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Issue 3: FlexGrid against QTableWidget, QStandardItemModel + QTableView and a hand-rolled
 // QAbstractTableModel + QTableView, all measured in one run; the ratios and the issue's targets
 // are printed after the Google Benchmark table.

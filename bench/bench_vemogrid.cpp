@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's bulk operations against their peers, all measured in
 // one run: Rows with its colouring and check-box passes against colouring a FlexGrid cell by
 // cell, Sort for every SortType against QTableWidget's numeric sort, ExportToExcel against one

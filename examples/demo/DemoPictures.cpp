@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DemoPictures.h"
 
 #include <QFont>

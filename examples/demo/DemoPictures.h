@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The small pictures the demo puts into cells, drawn at run time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The demo's main window: the VemoGrid form and the FlexGrid invoice list, one tab each.
 #pragma once
 

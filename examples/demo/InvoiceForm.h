@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The demo's first view: a VemoGrid stock entry form with its row buttons.
 #pragma once
 

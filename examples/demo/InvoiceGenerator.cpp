@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "InvoiceGenerator.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Deterministic, business-like invoice lines for the demo grid.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "InvoiceListView.h"
 
 #include <VemoGridLib/Twips.h>

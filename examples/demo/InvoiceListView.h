@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The demo's second view: one FlexGrid of generated invoices, sorted by header clicks.
 #pragma once
 

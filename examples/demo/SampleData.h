@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The stock lines the VemoGrid form starts with, written out by hand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // vemo-demo: the VemoGridLib demo application. `--screenshot FILE` renders the window without
 // showing it (also on the offscreen platform), writes it to FILE as a PNG and exits.
 #include "DemoWindow.h"

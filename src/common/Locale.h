@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The system default locale, the language index of the messages, and the ANSI code page.
 #pragma once
 

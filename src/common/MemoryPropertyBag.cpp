@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The in-memory property bag and its JSON form.
 #include "common/MemoryPropertyBag.h"
 

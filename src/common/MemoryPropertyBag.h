@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library's property bag: saved properties kept in memory, in write order, with a JSON form
 // (what a container saves with a form and hands back when the form is loaded).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common/Messages.h"
 
 #include "common/Locale.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The user-facing messages in three text sets, shown through a replaceable handler;
 // and the shell "Open" verb, likewise replaceable.
 #pragma once

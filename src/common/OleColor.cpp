@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common/OleColor.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // OLE colour values (0x00BBGGRR, or 0x80000000 | n for Windows system colour n) and QColor.
 #pragma once
 

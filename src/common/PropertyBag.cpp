@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The property bag interface.
 #include "common/PropertyBag.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The container's property bag: where a form's saved control settings live.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Twips (1/1440 inch), VB's unit of positions and sizes, and device pixels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common/VbKeys.h"
 
 #include <QKeyEvent>

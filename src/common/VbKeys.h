@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VB key codes, KeyAscii and the shift and button masks of VB's key and mouse events, from Qt's.
 #pragma once
 

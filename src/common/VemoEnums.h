@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The enumerations shared by the grid, its columns and editors, with their values.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The error raised to the host: an automation error number with a plain English description.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Symbol visibility of the VemoGridLib shared library.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The constant numeric tables of the lunar calendar engine `clsDate`.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Chinese lunar calendar engine.
 #include "dates/clsDate.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Chinese lunar calendar engine behind the month calendar's lunar texts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/Column.h"
 
 #include "common/VemoError.h"

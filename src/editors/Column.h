@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The per-column settings object of a VemoGrid column.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The hosting VemoGrid's direct line to its hosted FlexGrid's current-cell events, heard
 // before the grid's signals go out.
 #pragma once

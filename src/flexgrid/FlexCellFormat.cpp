@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "flexgrid/FlexCellFormat_p.h"
 
 #include <QHashFunctions>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The look one cell may carry on its own: colours, font, alignment, picture, text style.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "flexgrid/FlexCellStore_p.h"
 
 #include "flexgrid/FlexEnums.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The headless cell store behind FlexGrid: texts, per-cell looks and row and column metadata.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The FlexGrid constants and error numbers, with the type library's values.
 #pragma once
 

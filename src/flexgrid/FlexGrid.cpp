@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's structure, text, selection, look and row/column members, and its event plumbing.
 #include "flexgrid/FlexGrid.h"
 #include "flexgrid/FlexGrid_p.h"

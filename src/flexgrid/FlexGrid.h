@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The hosted cell surface of VemoGrid and of VemoComboBox's list: our FlexGrid.
 #pragma once
 

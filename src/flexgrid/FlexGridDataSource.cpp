@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's `DataSource` binding: the cells mirror a QAbstractItemModel's
 // top-level table and follow its change signals.
 #include "flexgrid/FlexGrid_p.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's FormatString: headers, alignments and widths of the
 // fixed row and column from one string.
 #include "flexgrid/FlexGrid_p.h"

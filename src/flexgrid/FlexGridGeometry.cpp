@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's geometry, scrolling and hit-testing. Rows and columns
 // are laid out on demand from TopRow/LeftCol, so no member here costs more than the rows or
 // columns it walks over; nothing keeps per-row positions.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's mouse, wheel and keyboard handling: cell moves, selection drags, resizing, events.
 #include "flexgrid/FlexGrid_p.h"
 

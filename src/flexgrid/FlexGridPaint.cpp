@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's drawing (selection display, per-cell looks and merging, grid-wide look): only
 // the cells that meet the paint region, walked from the fixed rows and columns and from
 // TopRow / LeftCol, so a frame costs what is on screen.

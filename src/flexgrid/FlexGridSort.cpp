@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's Sort: keys are read once per row, the row order is
 // computed with a stable sort, and the store then re-points its row handles; no cell content
 // moves.

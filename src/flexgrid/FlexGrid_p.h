@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FlexGrid's private state and the seams between its source files (one file per concern:
 // FlexGrid.cpp members and events, FlexGridGeometry.cpp, FlexGridPaint.cpp, FlexGridInput.cpp,
 // FlexGridSort.cpp, FlexGridFormatString.cpp, FlexGridDataSource.cpp).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/ExcelFile.h"
 
 #include "common/Locale.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Excel version 2 worksheet (BIFF2) writer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's model over its hosted grid, the Column array, the colouring and
 // check-box passes, the layout, the event relays; the grid side of Column and ColType.
 #include "grid/VemoGrid_p.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The data-entry grid control.
 #pragma once
 

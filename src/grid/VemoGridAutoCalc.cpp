@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's per-row auto-calculation of a result column from two operand columns.
 #include "grid/VemoGrid_p.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's export to an Excel worksheet.
 #include "grid/VemoGrid_p.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pass-through members of VemoGrid, each forwarding to the hosted grid's member of
 // the same name; every setter reports the change under that name.
 #include "grid/VemoGrid_p.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/VemoGridPictures_p.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pictures VemoGrid draws into its cells: check boxes, sort arrows and the current-row
 // marker. They are drawn
 // here, so the library carries no image files.

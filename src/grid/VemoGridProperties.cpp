@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's saved properties.
 #include "grid/VemoGrid_p.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's row operations, typed cell writes, the marked row and the version.
 #include "grid/VemoGrid_p.h"
 

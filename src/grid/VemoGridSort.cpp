@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's sorting by a column's SortType, header-click sorting and the sort arrows.
 #include "grid/VemoGrid_p.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VemoGrid's private state and the steps its source files share, one file per concern:
 // VemoGrid.cpp (model, Column and ColType, events), VemoGridProperties.cpp (saved properties),
 // VemoGridRows.cpp (rows), VemoGridSort.cpp (sorting), VemoGridAutoCalc.cpp (auto-calculation),

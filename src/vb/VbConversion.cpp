@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "vb/VbConversion.h"
 
 #include "vb/VbNumberFormat_p.h"

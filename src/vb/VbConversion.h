@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VB runtime subset: number conversions (CStr, IsNumeric/CDbl, Val, Round, CLng/CInt, CBool).
 #pragma once
 

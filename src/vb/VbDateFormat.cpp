@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VB runtime subset: Format with date formats, and CStr of a date, in the en-US and zh-CN rules.
 #include "vb/VbDateTime.h"
 #include "vb/VbFormat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VB runtime subset: date serials, DateSerial, IsDate/CDate, DateAdd, DateDiff, Weekday
 // and Weekday. CStr(date) lives with the date formatter in VbDateFormat.cpp.
 #include "vb/VbDateTime.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VB runtime subset: date values and date functions.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "vb/VbFormat.h"
 
 #include "vb/VbConversion.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VB runtime subset: the Format function with number, date and text formats.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "vb/VbFormatSyntax_p.h"
 
 #include "vb/VbFormat_p.h"

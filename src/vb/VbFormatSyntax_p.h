@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Internal: the syntax all of Format's grammars (number, date, text) share: sections,
 // quoted and escaped literals, named number formats, and which grammar a format belongs to.
 // Not installed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Internal seam between the number side of Format (VbFormat.cpp, VbFormatSyntax.cpp) and its
 // date side (VbDateFormat.cpp). Not installed; exported only so the tests can check it directly.
 #pragma once

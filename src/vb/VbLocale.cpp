@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "vb/VbLocale.h"
 
 #include "common/Locale.h"

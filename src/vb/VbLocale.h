@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which locale rules the VB runtime subset follows: en-US or zh-CN.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "vb/VbNumberFormat_p.h"
 
 #include "vb/VbFormatSyntax_p.h"

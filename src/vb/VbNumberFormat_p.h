@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Internal: the decimal digit form shared by CStr and Format, and the number side of Format
 // with user-defined number formats. Not installed.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The VB runtime subset the library relies on, in namespace VemoGridLib::vb with VB's names.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "vb/VbStrings.h"
 
 #include "common/VemoError.h"

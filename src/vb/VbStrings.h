@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VB runtime subset: string functions (Trim, LTrim, RTrim, InStr).
 #pragma once
 
