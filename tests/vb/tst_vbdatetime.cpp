@@ -40,27 +40,19 @@ private slots:
 #define CALL(expression, result)                                                                   \
     QTest::newRow(#expression) << std::function([] { return outcome([] { return expression; }); }) \
                                << QVariant(result)
-        CALL(SerialToDate(0), dt(1899, 12, 30));
         CALL(SerialToDate(2.525), dt(1900, 1, 1, 12, 36));
         CALL(SerialToDate(-5.25), dt(1899, 12, 25, 6));
-        CALL(SerialToDate(-0.25), dt(1899, 12, 30, 6));
         CALL(SerialToDate(-657434.5), dt(100, 1, 1, 12));
-        CALL(SerialToDate(2958465.0), dt(9999, 12, 31));
         CALL(SerialToDate(29221.7508765432), dt(1980, 1, 1, 18, 1, 16));
         CALL(SerialToDate(-657435.0), 6);
         CALL(SerialToDate(2958466.0), 6);
         CALL(int(SerialToDate(2.525).timeSpec()), int(Qt::UTC));
-        CALL(DateToSerial(dt(1899, 12, 25, 6)), -5.25);
-        CALL(DateToSerial(dt(9999, 12, 31)), 2958465.0);
         CALL(DateSerial(2024, 3, 0), dt(2024, 2, 29));
-        CALL(DateSerial(2024, 25, 1), dt(2026, 1, 1));
         CALL(DateSerial(99, 13, -1), dt(1999, 12, 30));
-        CALL(DateSerial(100, 1, 1), dt(100, 1, 1));
         CALL(DateSerial(100, 1, 0), 5);
         CALL(DateSerial(9999, 13, 1), 5);
         CALL(Weekday(dt(1899, 12, 30)), 7);
         CALL(Weekday(dt(1899, 12, 25, 6)), 2);
-        CALL(Weekday(dt(1899, 12, 30), 7), 1);
         CALL(Weekday(dt(2024, 2, 1), 8), 5);
 #undef CALL
     }
@@ -86,32 +78,22 @@ private slots:
         };
         const int year = QDate::currentDate().year();
         both(u"1am", dt(1899, 12, 30, 1));
-        both(u"2.5", dt(1899, 12, 30, 2, 5));
         both(u"13:00 AM", dt(1899, 12, 30, 13));
         both(u"12:59 a", dt(1899, 12, 30, 0, 59));
         both(u"0:60", 13);
-        both(u"1:02:03.5", 13);
-        both(u"-1.1", 13);
         both(u"2024", 13);
         both(u"13-1-1970", dt(1970, 1, 13));
-        both(u"2 32 3", 13);
         row(u"10/11/12", VbLocale::EnUS, dt(2012, 10, 11));
         row(u"10/11/12", VbLocale::ZhCN, dt(2010, 11, 12));
         both(u"14 1", dt(year, 1, 14));
         both(u"30 2", dt(2030, 2, 1));
-        both(u"2 January, 1970", dt(1970, 1, 2));
         row(u"十二月 25, 2024", VbLocale::ZhCN, dt(2024, 12, 25));
         row(u"1月5", VbLocale::ZhCN, dt(year, 1, 5));
         row(u"2024 一月 5", VbLocale::EnUS, 13);
-        both(u"02.01.1970", 13);
         both(u"6/30/2011 01:20:34 PM", dt(2011, 6, 30, 13, 20, 34));
         both(u"2024-2-3\u300012:00", dt(2024, 2, 3, 12));
         row(u"1:00 下午", VbLocale::ZhCN, dt(1899, 12, 30, 13));
-        both(u"2024-2-3-12:00", 13);
         both(u" 2024-02-5 ", dt(2024, 2, 5));
-        both(u"2024-02-", 13);
-        both(u"2024--2-3", 13);
-        both(u"", 13);
     }
     void isDate()
     {
@@ -136,8 +118,6 @@ private slots:
                           qPrintable(operand.toString()))
                 << QString::fromLatin1(interval) << date << operand << result;
         };
-        row("m", noon, 1, dt(2024, 2, 29, 12));
-        row("q", dt(2024, 11, 30), 1, dt(2025, 2, 28));
         row("M", dt(2024, 3, 31), -13, dt(2023, 2, 28));
         row("ww", noon, 2, dt(2024, 2, 14, 12));
         row("n", noon, 2.5, dt(2024, 1, 31, 12, 2));
@@ -151,7 +131,6 @@ private slots:
         row("d", dt(2024, 2, 1, 23, 59), dt(2024, 2, 2, 0, 1), qint64(1));
         row("y", dt(2024, 3, 1), dt(2024, 2, 1), qint64(-29));
         row("q", dt(2023, 12, 1), dt(2024, 4, 1), qint64(2));
-        row("M", dt(2024, 2, 1), dt(2023, 1, 31), qint64(-13));
         row("ww", dt(2024, 2, 11), dt(2024, 2, 3), qint64(-2));
         row("w", dt(2024, 2, 8), dt(2024, 2, 1), qint64(-1));
         row("n", dt(2024, 2, 1, 10, 1), dt(2024, 2, 1, 9, 59, 59), qint64(-2));

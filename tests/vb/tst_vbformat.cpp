@@ -40,41 +40,28 @@ private slots:
         };
         row(0.1 + 0.2, u"", u"0.3");
         row(1e15, u"General Number", u"1E+15");
-        row(-1, u"#;(#)", u"(1)");
         row(-0.0, u"\"pos\";\"neg\";\"zero\"", u"zero");
         row(-5, u"0;;\"zero\"", u"-5");
-        row(0, u"0.0;-0.0;", u"0.0");
         row(-0.001, u"0.00;(0.00)", u"(0.00)");
         row(-1, u"\"a;b\"0\\;", u"-a;b1;");
         row(0, u"#.#", u".");
-        row(0.17, u"#.00", u".17");
-        row(0.00000008, u"#0.#0#0#0#0#0", u"0.0000000800");
         row(12345678901234567.0, u"0", u"12345678901234600");
         row(9.9999999, u"#0.000000", u"10.000000"); // rounding carries
         row(0.00099, u"#.##", u".");
         row(1.005, u"0.00", u"1.01"); // half away from zero on the decimal text
-        row(-2.5, u"0", u"-3");
-        row(123456789, u"#,#.#", u"123,456,789.");
-        row(999999, u"##0,,", u"1"); // ',' before the point or at the end divides by 1000
         row(1234567, u"#,##0, \"K\"", u"1,235 K");
         row(5, u",0", u",5");
         row(0.0115, u"0.0%", u"1.2%");
-        row(1.7, u"0.0000e-1", u"1.7000e01");
         row(450.0001e+43, u"#000.0000e+0", u"4500.0010e+42");
         row(3.0401e-13, u"#####.####e-0%", u"30401.e-15%");
         row(9.996, u"0.00E+00", u"1.00E+01");
         row(0, u"0.00E+00", u"0.00E+00");
-        row(0, u"00\\c\\o\\p\\y", u"00copy");
         row(1, u"##abcdefghijklmnopqrstuvwxyz", u"1abcdefghijklmnopqrstuvwxyz");
-        row(1.7, u"#3.33", u"23.33");
         row(-5, u"$#,##0.00", u"-$5.00");
-        row(1.5, u"0.0.0", u"1.5.0");
         row(5, u"0\"ab", u"5ab");
         row(1, u"<&>&", u"1");
         row(1234567.891, u"standard", u"1,234,567.89");
-        row(1234.5, u"Scientific", u"1.23E+03");
         row(-1, u"True/False", u"True");
-        row(0.5, u"Yes/No", u"Yes");
         row(u"testing"_s, u"\\x@\\x@", u"xtxesting");
         row(u"abc"_s, u"!@@@@@", u"abc  ");
         row(u"5551234567"_s, u"(@@@) @@@-@@@@", u"(555) 123-4567");
@@ -84,54 +71,34 @@ private slots:
         row(u"1e400"_s, u"0", u"1e400");
         row(u" 12 "_s, u"", u" 12 ");
         row(u"$5"_s, u"0.00", u"$5", Zh);
-        row(u"\u00A55"_s, u"0.00", u"5.00", Zh);
-        row(u"1234.5"_s, u"Currency", u"$1,234.50");
         row(u"-1"_s, u"Currency", u"($1.00)");
         row(u"-1"_s, u"Currency", u"-\u00A51.00", Zh);
-        row(u"5-"_s, u"0;(0)", u"(5)");
-        row(u"1,000"_s, u"General Number", u"1000");
         row(u"39697.11"_s, u"mm-dd-yy", u"09-06-08");
         row(u"2024-2-3"_s, u"yyyymmddHhNnSs", u"20240203000000");
-        row(u"abc"_s, u"yyyy-mm-dd", u"abc");
         row(u"1e10"_s, u"yyyy", u"1e10");
         const QDateTime ref = dt(1900, 1, 1, 12, 36); // serial 2.525, a Monday
         row(ref, u"d dd w ww q y yy yyy yyyy", u"1 01 2 1 1 1 00 001 1900", Both);
-        row(ref, u"YYYY-MM-Dd Hh:Nn:Ss", u"1900-01-01 12:36:00", Both);
-        row(ref, u"yyyyy qq", u"19001 11", Both);
         row(ref, u"d \\d\\m \"yyyy\" 0#%;yyyy", u"1 dm yyyy 0#%", Both);
         row(ref, u"\"open yyyy", u"open yyyy", Both);
         // m/mm is the minute right after an hour token, once; blanks and ':' between are fine.
-        row(ref, u"h:m", u"12:36", Both);
         row(ref, u"hh:mm :ss:mm", u"12:36 :00:01", Both);
-        row(ref, u"mm :ss:mm", u"01 :00:01", Both);
         row(ref, u"dd :mm:nn", u"01 :01:36", Both);
         row(ref, u"hh :mm", u"12 :36", Both);
-        row(ref, u"h :m", u"12 :36", Both);
         row(ref, u"hh-mm", u"12-01", Both);
         row(ref, u"hh:mmm", u"12:Jan");
-        row(ref, u"dddd ddd mmmm mmm", u"Monday Mon January Jan");
         row(dt(2024, 12, 7), u"dddd ddd mmmm mmm", u"星期六 星期六 十二月 12月", Zh);
         row(ref, u"ddddd|dddddd", u"1/1/1900|Monday, January 01, 1900");
-        row(ref, u"ddddd|dddddd", u"1900/1/1|1900年1月1日", Zh);
-        row(ref, u"yyyy年m月d日", u"1900年1月1日", Zh);
         row(dt(2024, 2, 3, 0, 36), u"h AM/PM am/pm Am/Pm AMPM a/p", u"12 AM am Am AM a");
         row(dt(2024, 2, 3, 13, 5), u"h AM/PM AMPM A/P", u"1 下午 下午 P", Zh);
-        row(dt(2024, 2, 3, 1, 5), u"h:nn", u"1:05");
-        row(dt(1899, 12, 30), u"w", u"7");
-        row(dt(1900, 1, 7), u"ww", u"2");
         row(dt(2024, 12, 31), u"ww y", u"53 366");
         row(QDateTime(QDate(2024, 2, 3), QTime(23, 59, 59, 500), Qt::UTC), u"yyyy-mm-dd hh:nn:ss",
             u"2024-02-04 00:00:00");
         row(dt(2024, 2, 3, 12), u"#,##0.00", u"45,325.50"); // a number format shows the serial
-        row(ref, u"\"yyyy\"0", u"yyyy3");
         row(ref, u"0.00;yyyy", u"2.53");
         row(dt(2024, 2, 3, 12), u"@@@@@@@@@@@@@@@@@@@@@", u" 2/3/2024 12:00:00 PM");
         const QDateTime morning = dt(2024, 2, 3, 1, 5, 9);
         row(ref, u"Medium Date", u"01-Jan-00");
-        row(ref, u"Medium Date", u"00-01-01", Zh);
-        row(morning, u"Long Time", u"1:05:09 AM");
         row(morning, u"Long Time", u"1:05:09", Zh);
-        row(morning, u"Medium Time", u"01:05 AM");
         row(ref, u"Medium Time", u"12:36 下午", Zh);
         row(morning, u"SHORT TIME", u"01:05");
         row(dt(2024, 12, 25, 12), u"", u"12/25/2024 12:00:00 PM");
