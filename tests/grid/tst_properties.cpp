@@ -310,33 +310,6 @@ private slots:
         }
     }
 
-    void hugeSizeRefused_data()
-    {
-        QTest::addColumn<bool>("setRows");
-        QTest::addColumn<int>("count");
-        QTest::newRow("rows 2^31-1") << true << 2147483647;
-        QTest::newRow("cols 1.8 billion") << false << 1800000000;
-        QTest::newRow("rows × cols beyond the store") << true << 100000000;
-    }
-
-    void hugeSizeRefused()
-    {
-        QFETCH(bool, setRows);
-        QFETCH(int, count);
-        VemoGrid grid;
-        grid.setCols(4);
-        grid.setRows(3);
-        const auto error =
-            VemoTest::errorOf([&] { setRows ? grid.setRows(count) : grid.setCols(count); });
-        QVERIFY(error);
-        QCOMPARE(error->number(), 7);
-        QCOMPARE(error->description(), QStringLiteral("Out of memory"));
-        QCOMPARE(grid.Rows() * 10 + grid.Cols(), 34);
-        verifyIntact(grid);
-        grid.AddItem(QStringLiteral("still\tworks"));
-        QCOMPARE(grid.Rows(), 4);
-    }
-
     void zeroRowsOrHostedColumnsGone()
     {
         VemoGrid grid;

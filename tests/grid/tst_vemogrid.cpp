@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // VemoGrid over its hosted grid: the Column array, column types, pass-through members and
-// PropertyChanged, the colouring and check-box passes, relayed events, and beyond the model test
+// PropertyChanged, the colouring and check-box passes, and beyond the model test
 // rows, sorting and the auto-calculated column.
 #include "grid/VemoGrid_p.h"
 #include <VemoGridLib/Column.h>
@@ -14,10 +14,7 @@
 #include "VemoGridTestSupport.h"
 #include "VemoTestSupport.h"
 
-#include <QMetaMethod>
 #include <QMetaProperty>
-#include <QMouseEvent>
-#include <QPointer>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
@@ -33,28 +30,6 @@ using GridStep = std::function<void(VemoGrid&)>;
 using Probe = std::function<bool(VemoGrid&, FlexGrid&)>;
 
 constexpr int SubscriptOutOfRange = 9;
-
-/// Counts a signal named `name` through a string connection: by-reference arguments need no
-/// metatype then.
-class Counter : public QObject
-{
-    Q_OBJECT
-public:
-    Counter(const QObject& sender, const QByteArray& name)
-    {
-        const QMetaObject* meta = sender.metaObject();
-        for (int i = 0; i < meta->methodCount(); ++i) {
-            const QMetaMethod signal = meta->method(i);
-            if (signal.methodType() == QMetaMethod::Signal && signal.name() == name)
-                connected = connect(&sender, QByteArray("2" + signal.methodSignature()).constData(),
-                                    this, SLOT(hit()));
-        }
-    }
-    bool connected = false;
-    int count = 0;
-public slots:
-    void hit() { ++count; }
-};
 
 constexpr int KeyCol = 1, LabelCol = 2, SecondCol = 3;
 
@@ -95,34 +70,6 @@ private slots:
     {
         m_grid.reset();
         m_recorder.reset();
-    }
-
-    void columnArrayAndSizes()
-    {
-        VemoGrid grid;
-        grid.setCols(4);
-        Column* const kept = grid.Column(1);
-        const QPointer<Column> dropped = grid.Column(3);
-        grid.setCols(2);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(dropped.isNull());
-        QCOMPARE(errorNumberOf([&] { grid.Column(2); }), SubscriptOutOfRange);
-        // Growing keeps the columns and adds fresh ones, also through a FormatString.
-        grid.setFormatString(QStringLiteral("|A|B|C|D"));
-        QCOMPARE(grid.Column(1), kept);
-        QVERIFY(grid.Column(4) != grid.Column(3));
-        // At design time Cols leaves the array alone.
-        grid.setUserMode(false);
-        grid.setCols(8);
-        QCOMPARE(grid.hostedGrid()->Cols(), 8);
-        QCOMPARE(errorNumberOf([&] { grid.Column(5); }), SubscriptOutOfRange);
-
-        // Rows raises the fixed counts to at least 1.
-        grid.setFixedRows(0);
-        grid.setFixedCols(2);
-        grid.setRows(6);
-        QCOMPARE(grid.FixedRows(), 1);
-        QCOMPARE(grid.FixedCols(), 2);
     }
 
     void colTypeSetsHostedColumn_data()
@@ -321,78 +268,6 @@ private slots:
         QCOMPARE(box.foreColor, box.backColor);
         QVERIFY(!hasPicture(*grid, 3, 1));
         QCOMPARE(flex->Row() + flex->Col(), 6);
-    }
-
-    void rowColSettersLeaveThenEnter()
-    {
-        VemoGrid grid;
-        grid.setCols(5);
-        grid.setRows(6);
-        FlexGrid* const flex = grid.hostedGrid();
-        flex->setRow(1);
-        flex->setCol(1);
-        flex->setTextMatrix(3, 1, QStringLiteral("text"));
-        QStringList log;
-        connect(&grid, &VemoGrid::LeaveCell, &grid,
-                [&] { log << QStringLiteral("Leave %1,%2").arg(flex->Row()).arg(flex->Col()); });
-        connect(&grid, &VemoGrid::EnterCell, &grid, [&](int& rowSel, int& colSel, QString& value) {
-            log << QStringLiteral("Enter %1,%2 '%3'").arg(rowSel).arg(colSel).arg(value);
-        });
-
-        grid.setRow(3);
-        grid.setCol(2);
-        grid.setCol(2); // leaves the cell even when the hosted grid does not move
-        // The value is passed empty, whatever the cell holds.
-        QCOMPARE(log, QStringList(
-                          {"Leave 1,1", "Enter 3,1 ''", "Leave 3,1", "Enter 3,2 ''", "Leave 3,2"}));
-    }
-
-    void hostedEventsAreRelayed_data()
-    {
-        QTest::addColumn<QByteArray>("event");
-        QTest::addColumn<int>(
-            "trigger"); // a click, the key A, Down, a double click, a move, Scroll
-        const QList<QByteArrayList> events = {
-            {"Click", "MouseDown", "MouseUp"},
-            {"KeyDown", "KeyPress", "KeyUp"},
-            {"LeaveCell", "EnterCell", "SelChange", "RowColChange"},
-            {"DblClick"},
-            {"MouseMove"},
-            {"Scroll"}};
-        for (int trigger = 0; trigger < events.size(); ++trigger) {
-            for (const QByteArray& event : events[trigger])
-                QTest::newRow(event.constData()) << event << trigger;
-        }
-    }
-
-    void hostedEventsAreRelayed()
-    {
-        QFETCH(QByteArray, event);
-        QFETCH(int, trigger);
-        const auto grid = shownGrid(QStringLiteral("|A|B|C"), 40);
-        QVERIFY(grid);
-        Counter relayed(*grid, event);
-        QVERIFY(relayed.connected);
-        // The cell events are the grid's own: they need no receiver on the hosted grid.
-        const bool cellEvent = event.endsWith("Cell");
-        QObject nobody;
-        Counter hosted(cellEvent ? nobody : static_cast<QObject&>(*grid->hostedGrid()), event);
-        QWidget* const viewport = grid->hostedGrid()->viewport();
-        const QPoint pos = cellRect(*grid, 2, 2).center();
-        QMouseEvent move(QEvent::MouseMove, pos, viewport->mapToGlobal(pos), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        if (trigger == 0)
-            clickCell(*grid, 2, 2);
-        else if (trigger < 3)
-            QTest::keyClick(grid->hostedGrid(), trigger == 1 ? Qt::Key_A : Qt::Key_Down);
-        else if (trigger == 3)
-            QTest::mouseDClick(viewport, Qt::LeftButton, Qt::NoModifier, pos);
-        else if (trigger == 4)
-            QApplication::sendEvent(viewport, &move);
-        else
-            grid->hostedGrid()->setTopRow(20);
-        QVERIFY2(relayed.count > 0, "the trigger raised nothing");
-        QVERIFY(cellEvent || relayed.count == hosted.count);
     }
 
     void columnsFollowBoundModel()
@@ -759,22 +634,6 @@ private slots:
         // Only the row of the left cell is computed.
         QCOMPARE(m_grid->TextMatrix(2, Result), QString());
         QVERIFY(m_recorder->messages.isEmpty());
-    }
-
-    void calcOnUserLeavingAnOperand()
-    {
-        buildCalc(QStringLiteral("4"), QStringLiteral("*"), QStringLiteral("2.5"));
-        m_grid->hostedGrid()->setFocus();
-        QTest::keyClick(m_grid->hostedGrid(), Qt::Key_Down);
-        QCOMPARE(m_grid->TextMatrix(1, Result), QStringLiteral("10"));
-
-        // Leaving the result or an unrelated column computes nothing.
-        m_grid->setTextMatrix(1, Result, QStringLiteral("keep"));
-        m_grid->setCol(Other);
-        m_grid->setRow(1);
-        clickCell(*m_grid, 1, Result);
-        clickCell(*m_grid, 2, Other);
-        QCOMPARE(m_grid->TextMatrix(1, Result), QStringLiteral("keep"));
     }
 
     void calcGatedOff()
