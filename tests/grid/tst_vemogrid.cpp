@@ -270,6 +270,27 @@ private slots:
         QCOMPARE(flex->Row() + flex->Col(), 6);
     }
 
+    void rowColSettersLeaveThenEnter()
+    {
+        VemoGrid grid;
+        grid.setCols(5);
+        grid.setRows(6);
+        FlexGrid* const flex = grid.hostedGrid();
+        flex->setTextMatrix(3, 1, QStringLiteral("text"));
+        QStringList log;
+        connect(&grid, &VemoGrid::LeaveCell, &grid,
+                [&] { log << QStringLiteral("Leave %1,%2").arg(flex->Row()).arg(flex->Col()); });
+        connect(&grid, &VemoGrid::EnterCell, &grid, [&](int& row, int& col, QString& value) {
+            log << QStringLiteral("Enter %1,%2 '%3'").arg(row).arg(col).arg(value);
+        });
+        grid.setRow(3);
+        grid.setCol(2);
+        grid.setCol(2); // leaves the cell even when the hosted grid does not move
+        // The value is passed empty, whatever the cell holds.
+        QCOMPARE(log, QStringList(
+                          {"Leave 1,1", "Enter 3,1 ''", "Leave 3,1", "Enter 3,2 ''", "Leave 3,2"}));
+    }
+
     void columnsFollowBoundModel()
     {
         QStandardItemModel model(3, 2);
