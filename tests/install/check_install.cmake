@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs the built library into a scratch prefix and builds a consumer against it.
 file(REMOVE_RECURSE ${WORK_DIR})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/prefix

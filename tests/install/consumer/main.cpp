@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host application's smallest use of the installed library.
 #include <VemoGridLib/Column.h>
 #include <VemoGridLib/VbRuntime.h>
