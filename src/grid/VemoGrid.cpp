@@ -562,7 +562,12 @@ void VemoGrid::setFormatString(const QString& format)
 
 // ---- Column and ColType ----------------------------------------------------------------------
 
-VemoGridLib::Column* VemoGrid::Column(int Col) const
+VemoGridLib::Column* VemoGrid::Column(int Col)
+{
+    return d->column(Col);
+}
+
+const VemoGridLib::Column* VemoGrid::Column(int Col) const
 {
     return d->column(Col);
 }

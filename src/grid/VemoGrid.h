@@ -167,7 +167,8 @@ public:
 
     // ---- columns ---------------------------------------------------------------------------
     /// The `Column` of column `Col`; outside the array → VemoError 9.
-    VemoGridLib::Column* Column(int Col) const;
+    VemoGridLib::Column* Column(int Col);
+    const VemoGridLib::Column* Column(int Col) const;
     /// The editing type of column `Col`.
     VemoGridColType ColType(int Col) const;
     /// Records `type` in the column's `Column` (decimals and format of numeric types)
