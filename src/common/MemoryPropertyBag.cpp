@@ -164,10 +164,14 @@ QString exactNumber(double value)
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
+// Where QFont::toString puts the numbers it rounds, counted in the fields after the family.
+constexpr qsizetype PointSizeField = 0;
+constexpr qsizetype LetterSpacingField = 11;
+constexpr qsizetype WordSpacingField = 12;
+
 // QFont::toString with its size and spacings exact: it writes them with six significant
-// digits, so a font of 12.3456789 points would come back as 12.3457. The layout stays
-// QFont::fromString's: the family, then the point size, ..., the letter spacing at the 12th
-// field after the family and the word spacing at the 13th.
+// digits, so a font of 12.3456789 points would come back as 12.3457. The layout stays the one
+// QFont::fromString reads.
 QString exactFontText(const QFont& font)
 {
     const QString text = font.toString();
@@ -175,11 +179,11 @@ QString exactFontText(const QFont& font)
     if (!text.startsWith(font.family() + u','))
         return text;
     QStringList fields = text.mid(familyEnd + 1).split(u',');
-    if (fields.size() < 13)
+    if (fields.size() <= WordSpacingField)
         return text;
-    fields[0] = exactNumber(font.pointSizeF());
-    fields[11] = exactNumber(font.letterSpacing());
-    fields[12] = exactNumber(font.wordSpacing());
+    fields[PointSizeField] = exactNumber(font.pointSizeF());
+    fields[LetterSpacingField] = exactNumber(font.letterSpacing());
+    fields[WordSpacingField] = exactNumber(font.wordSpacing());
     return text.left(familyEnd + 1) + fields.join(u',');
 }
 

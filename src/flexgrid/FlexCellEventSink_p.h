@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The hosting VemoGrid's direct line to its hosted FlexGrid's current-cell events, heard
-// before the grid's signals go out.
+// The hosting VemoGrid's direct line to its hosted FlexGrid: the current-cell events, heard
+// before the grid's signals go out, and changes of the column count.
 #pragma once
 
 namespace VemoGridLib {
@@ -16,6 +16,9 @@ public:
     virtual void hostedSelChange() = 0;
     virtual void hostedEnterCell() = 0;
     virtual void hostedRowColChange() = 0;
+    /// The column count was set, by `Cols` itself or through `FormatString` or a bound model's
+    /// columns; called once the new count is in place.
+    virtual void hostedColsChanged() = 0;
 
 protected:
     ~FlexCellEventSink() = default;

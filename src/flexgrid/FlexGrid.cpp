@@ -294,6 +294,8 @@ void FlexGrid::setCols(int cols)
     if (!hadDataCols && cols > d->fixedCols && d->col < d->fixedCols)
         d->moveCurrent(d->row, d->fixedCols, d->row, d->fixedCols);
     d->relayout();
+    if (d->cellEventSink)
+        d->cellEventSink->hostedColsChanged();
 }
 
 int FlexGrid::FixedRows() const

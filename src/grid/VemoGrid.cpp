@@ -9,7 +9,6 @@
 #include "vb/VbStrings.h"
 #include "common/VemoError.h"
 
-#include <QAbstractItemModel>
 #include <QEvent>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -103,33 +102,6 @@ void VemoGridPrivate::resizeColumns(int cols)
     columns.resize(size);
     for (std::size_t c = kept; c < size; ++c)
         columns[c] = new VemoGridLib::Column(q);
-}
-
-void VemoGridPrivate::followModelColumns(QAbstractItemModel* model)
-{
-    for (const QMetaObject::Connection& connection : modelConnections)
-        QObject::disconnect(connection);
-    modelConnections.clear();
-    if (!model)
-        return;
-    // The hosted grid connected first, so its Cols have followed the model when these run.
-    // Any of the signals may bring a refill that changes the columns.
-    const auto follow = [this] {
-        if (userMode && columns.size() != std::size_t(flex->Cols()))
-            catchingErrors("VemoGrid DataSource columns", [this] { resizeColumns(flex->Cols()); });
-    };
-    modelConnections = {
-        QObject::connect(model, &QAbstractItemModel::modelReset, q, follow),
-        QObject::connect(model, &QAbstractItemModel::layoutChanged, q, follow),
-        QObject::connect(model, &QAbstractItemModel::columnsInserted, q, follow),
-        QObject::connect(model, &QAbstractItemModel::columnsRemoved, q, follow),
-        QObject::connect(model, &QAbstractItemModel::columnsMoved, q, follow),
-        QObject::connect(model, &QAbstractItemModel::rowsInserted, q, follow),
-        QObject::connect(model, &QAbstractItemModel::rowsRemoved, q, follow),
-        QObject::connect(model, &QAbstractItemModel::rowsMoved, q, follow),
-        QObject::connect(model, &QAbstractItemModel::dataChanged, q, follow),
-        QObject::connect(model, &QAbstractItemModel::headerDataChanged, q, follow),
-    };
 }
 
 void VemoGridPrivate::colourRows(int startRow)
@@ -326,6 +298,12 @@ void VemoGridPrivate::hostedSelChange()
     Q_EMIT q->SelChange();
 }
 
+void VemoGridPrivate::hostedColsChanged()
+{
+    if (userMode)
+        resizeColumns(flex->Cols());
+}
+
 void VemoGridPrivate::hostedRowColChange()
 {
     Q_EMIT q->RowColChange();
@@ -384,7 +362,6 @@ VemoGrid::VemoGrid(QWidget* parent)
 
 VemoGrid::~VemoGrid()
 {
-    d->followModelColumns(nullptr);
     QObject::disconnect(d->flex, nullptr, this, nullptr);
     d->cells.setCellEventSink(nullptr);
     for (VemoGridLib::Column* column : d->columns)
@@ -455,10 +432,9 @@ int VemoGrid::Cols() const
 
 void VemoGrid::setCols(int cols)
 {
-    // The hosted grid refuses a bad count before the Column array is touched.
+    // The hosted grid refuses a bad count before anything changes; the Column array follows
+    // the new count through hostedColsChanged.
     d->flex->setCols(cols);
-    if (d->userMode)
-        d->resizeColumns(cols);
     d->changed(QStringLiteral("Cols"));
 }
 
@@ -803,7 +779,6 @@ void VemoGrid::setDataSource(QAbstractItemModel* model)
         const auto suppressed = d->suppressEventsInScope();
         d->flex->setDataSource(model);
     }
-    d->followModelColumns(model);
     d->changed(QStringLiteral("DataSource"));
     ReSetData();
 }

@@ -142,12 +142,6 @@ void VemoGrid::Clear()
         widths.push_back(flex->ColWidth(c));
     ignoringErrors([flex] { flex->Clear(); });
     ignoringErrors([flex, &format] { flex->setFormatString(format); });
-    // The format string may name more columns than Cols had been lowered to; the restored
-    // columns get their own Column objects, as every column has.
-    ignoringErrors([this] {
-        if (d->userMode)
-            d->resizeColumns(d->flex->Cols());
-    });
     for (int c = 0; c < int(widths.size()); ++c)
         ignoringErrors([flex, c, &widths] { flex->setColWidth(c, widths[std::size_t(c)]); });
     ignoringErrors([flex, fixedCols] { flex->setFixedCols(fixedCols); });

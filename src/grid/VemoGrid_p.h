@@ -78,9 +78,6 @@ public:
     // ---- the grid's fields, at their initial values -----------------------------------------
     /// One `Column` per hosted column in user mode; owned (children of the control).
     std::vector<VemoGridLib::Column*> columns;
-    /// The `DataSource` model's change signals, through which `columns` follows the columns
-    /// the model adds or removes.
-    std::vector<QMetaObject::Connection> modelConnections;
     bool userMode = true;
     bool sortable = true;
     bool editEnable = true;
@@ -148,8 +145,6 @@ public:
     VemoGridColType typeOf(int col) const;
     /// Resizes the `Column` array to `cols`, keeping existing objects.
     void resizeColumns(int cols);
-    /// Keeps `columns` as many as the hosted columns while `model` is bound.
-    void followModelColumns(QAbstractItemModel* model);
     /// Sets a band or read-only colour, recolours the data rows and reports `name`.
     void setColour(OleColor& field, OleColor color, const QString& name);
     /// The colouring pass from `startRow` (−1 = the whole grid) to the last row.
@@ -200,6 +195,8 @@ public:
     /// The hosted grid's SelChange and RowColChange, raised as the grid's own.
     void hostedSelChange() override;
     void hostedRowColChange() override;
+    /// Keeps one `Column` per hosted column in user mode, whatever set the count.
+    void hostedColsChanged() override;
     bool leaveAlreadyDone = false;
 
     // ---- row operations (VemoGridRows.cpp) ------------------------------------------------------
