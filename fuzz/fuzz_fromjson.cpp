@@ -20,8 +20,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     QString error;
-    const MemoryPropertyBag bag = MemoryPropertyBag::fromJson(
-        QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)), &error);
+    const MemoryPropertyBag bag = VemoFuzz::bagFrom(data, size, error);
     if (!error.isEmpty())
         return 0;
     QStringList leftOut;
