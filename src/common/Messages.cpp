@@ -12,8 +12,9 @@ namespace VemoGridLib {
 
 namespace {
 
-// The message texts, indexed by MessageId and then by LanguageIndex; kept exactly as the
-// original program wrote them. The English operator message has no title of its own.
+// The message texts, indexed by MessageId and then by LanguageIndex; kept character for
+// character, misspellings included, so hosts that compare them keep working. The English operator
+// message has no title of its own.
 struct MessageTexts
 {
     const char16_t* text[3];
@@ -72,7 +73,7 @@ Message messageText(MessageId id, LanguageIndex language)
 
 Message localizedMessage(MessageId id)
 {
-    // The index is read twice, as the original control did: 0 first, then 1 on a second call.
+    // The language index is read anew for each comparison: it follows the environment per call.
     if (languageIndex() == SimplifiedChinese)
         return messageText(id, SimplifiedChinese);
     return messageText(id, languageIndex() == TraditionalChinese ? TraditionalChinese : English);

@@ -8,8 +8,8 @@
 
 namespace VemoGridLib::LunarTables {
 
-/// The first and last lunar years of the tables: the original 1900..2049, extended to 2100 with
-/// the rows of lunarinfo-2050-2100.tsv (same encoding).
+/// The first and last lunar years of the tables: 1900..2049, extended to 2100 with rows in the
+/// same encoding.
 inline constexpr int FirstYear = 1900;
 inline constexpr int LastYear = 2100;
 inline constexpr int YearCount = LastYear - FirstYear + 1;
@@ -63,7 +63,7 @@ inline constexpr std::array<quint32, YearCount> LunarInfo = {
 };
 // clang-format on
 
-/// `LunarYearLength`: days of each lunar year, a table of its own as the original engine has it;
+/// `LunarYearLength`: days of each lunar year, a table of its own, read directly;
 /// the static_assert below proves every entry equals the sum `LunarInfo` gives.
 // clang-format off
 inline constexpr std::array<int, YearCount> LunarYearLength = {

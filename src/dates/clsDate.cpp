@@ -20,7 +20,7 @@ struct Festival
 {
     int month;
     int day;
-    int holidayFlag; // kept as the original festival table has it; nothing reads it
+    int holidayFlag; // carried with each festival entry; nothing reads it
     QStringView name;
 };
 
@@ -237,7 +237,7 @@ struct clsDate::Private
     {}
 
     const TableTexts& texts;
-    // The Gregorian date is kept apart from the serial, as the original engine does: before the
+    // The Gregorian date is kept apart from the serial on purpose: before the
     // first sInitDate the year is 0 and the serial 0, which are not the same day.
     QDate gregorian;
     qint64 serial = 0;
@@ -302,7 +302,7 @@ QString clsDate::lHoliday()
         const QDate tomorrow = today.addDays(1);
         sInitDate(tomorrow.year(), tomorrow.month(), tomorrow.day());
         if (d->lunar.year != keptLunarYear + 1)
-            return {}; // deliberately left on the following day, as the original engine does
+            return {}; // deliberately left on the following day; callers reinitialise
         sInitDate(today.year(), today.month(), today.day());
         return memberTextsOfLocale().newYearsEve.toString();
     }

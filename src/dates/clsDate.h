@@ -15,7 +15,7 @@ namespace VemoGridLib {
 /// the festival of the day. It keeps the last converted date as its state.
 ///
 /// Supported dates run from 1900-01-30 (lunar 1900, month 1, day 0, as the tables have it) to
-/// 2100-12-31; the original tables for 1900..2049 are extended with the rows for 2050..2100.
+/// 2100-12-31.
 /// The text set (simplified or traditional Chinese) follows `languageIndex()`.
 class VEMOGRIDLIB_EXPORT clsDate
 {
@@ -47,7 +47,7 @@ public:
 
     /// The festival of the day ("除夕" included), else "". On the 29th of
     /// a 30-day twelfth month it returns "" and deliberately leaves the instance on the following
-    /// day, as the original engine does; call sInitDate again before reading other members.
+    /// day, kept for compatibility; call sInitDate again before reading other members.
     QString lHoliday();
 
     /// The lunar month name, "正月".."腊月" (11 is "寒月"); "月" above 12.

@@ -41,7 +41,7 @@ class VEMOGRIDLIB_EXPORT Column : public QObject
     Q_PROPERTY(VemoGridLib::VemoSortTypeConstants SortType READ SortType WRITE setSortType)
     Q_PROPERTY(qint16 DecimalLength READ DecimalLength WRITE guardedSetDecimalLength)
     Q_PROPERTY(qint32 ItemCount READ ItemCount)
-    // AutoDropDown comes last, as in the original control's interface, so properties list in order.
+    // AutoDropDown comes last, where hosts of the older control expect it in the property list.
     Q_PROPERTY(bool AutoDropDown READ AutoDropDown WRITE setAutoDropDown)
 
 public:

@@ -23,8 +23,8 @@ void FlexGridPrivate::refreshMetrics()
 {
     dpiX = q->logicalDpiX() > 0 ? q->logicalDpiX() : 96;
     dpiY = q->logicalDpiY() > 0 ? q->logicalDpiY() : 96;
-    // A line of the taller of the two fonts plus room for the grid line and a margin, as the
-    // original's 240 twips for 8-point MS Sans Serif.
+    // A line of the taller of the two fonts plus room for the grid line and a margin: 240 twips
+    // for 8-point MS Sans Serif.
     const int textHeight =
         std::max(QFontMetrics(q->font()).height(), QFontMetrics(fixedFont()).height());
     defaultRowHeight = textHeight + 3;

@@ -24,7 +24,8 @@ using LabelHeader = std::array<uchar, 12>;
 using IntegerRecord = std::array<uchar, 13>;
 using NumberRecord = std::array<uchar, 19>;
 
-// Document type 10 decimal, not BIFF2's 0x10 worksheet type: deliberately as the original has it.
+// Document type 10 decimal, not BIFF2's 0x10 worksheet type: deliberately, as files written by the
+// older control have it.
 constexpr Bof BofTemplate = {0x09, 0x00, 0x04, 0x00, 0x02, 0x00, 0x0A, 0x00};
 constexpr Eof EofTemplate = {0x0A, 0x00, 0x00, 0x00};
 constexpr LabelHeader LabelTemplate = {0x04, 0x00, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};

@@ -223,8 +223,8 @@ public:
     void Sort(int Col, VemoGridSortMode SortDirection = SortNone);
     /// Sets `Sortable` without `PropertyChanged`; `newValue` is ignored.
     void SortOnHeaderClick(bool SortOn, VemoSortTypeConstants newValue = VemoSortNone);
-    /// Ignores its arguments and only suppresses the grid's events, as the original control did
-    /// (kept for compatibility): an editor commit does nothing until the next sort or link write.
+    /// Ignores its arguments and only suppresses the grid's events (kept for compatibility): an
+    /// editor commit does nothing until the next sort or link write.
     void SortOnCol(int Col, VemoSortTypeConstants SortType = VemoSortNone);
     /// A click on a data column's header sorts (default true). Reports "SortAble".
     bool Sortable() const;

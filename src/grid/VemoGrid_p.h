@@ -41,8 +41,8 @@ bool ignoringErrors(Step&& step)
 
 /// A bulk pass (colouring, check boxes, sorting, row operations), for its scope:
 /// events suppressed and the hosted Redraw off; afterwards Redraw as it was and the suppression
-/// flag cleared (cleared, not restored: `SortOnCol`'s flag ends with the next pass, as in the
-/// original control). Passes of at least `HourglassCells` cells show the hourglass: a pass
+/// flag cleared (cleared, not restored: `SortOnCol`'s flag ends with the next pass, on
+/// purpose). Passes of at least `HourglassCells` cells show the hourglass: a pass
 /// over fewer ends before a pointer could be seen, and setting one costs more than the pass.
 /// Nested passes (a colouring pass inside AddItem) leave all this to the outermost one.
 class BulkPass
