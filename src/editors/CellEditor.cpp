@@ -249,6 +249,10 @@ void CellEditor::setTextField(QLineEdit* field)
     m_field = field;
     field->installEventFilter(this);
     setFocusProxy(field);
+    // The field starts in the editor's own state (no border, unlocked, left-aligned).
+    field->setFrame(m_borderStyle != BorderNone);
+    field->setReadOnly(m_locked);
+    field->setAlignment(fieldAlignment(m_alignment));
     connect(field, &QLineEdit::textChanged, this, [this] {
         catchingErrors("CellEditor text change", [this] { fieldTextChanged(); });
     });
@@ -329,9 +333,11 @@ bool CellEditor::fieldKeyPress(QKeyEvent* event)
 {
     const quint64 loads = m_loads;
     short keyCode = vbKeyCode(event);
+    short shift = vbShiftMask(event->modifiers());
+    // Every key goes down, also one without a key code: a filter that depends on the
+    // modifiers of the last key must not see those of an earlier one.
+    keyDownSeen(shift);
     if (keyCode != 0) {
-        short shift = vbShiftMask(event->modifiers());
-        keyDownSeen(shift);
         report("CellEditor KeyDown", [&](ICellEventReceiver& host) { host.KeyDown(keyCode, shift); });
         // The host moved on to another cell, or cancelled the key: it is not the field's.
         if (m_loads != loads || keyCode == 0)
@@ -347,7 +353,8 @@ bool CellEditor::fieldKeyPress(QKeyEvent* event)
     filterKeyPress(keyAscii);
     if (keyAscii == 0)
         return true;
-    if (keyAscii != typed && keyAscii >= 32) {
+    // A negative KeyAscii is a character above U+7FFF, not a control character.
+    if (keyAscii != typed && (keyAscii >= 32 || keyAscii < 0)) {
         // The receiver replaced the character: the field types the replacement instead.
         m_field->insert(QString(keyAsciiChar(keyAscii)));
         return true;
