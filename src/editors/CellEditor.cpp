@@ -49,7 +49,12 @@ CellEditor::CellEditor(QWidget* parent)
     connect(qApp, &QApplication::focusChanged, this, &CellEditor::focusMoved);
 }
 
-CellEditor::~CellEditor() = default;
+CellEditor::~CellEditor()
+{
+    // ~QWidget clears the focus of an editor that holds it, and the report of that focus change
+    // must not reach this half-destroyed editor.
+    disconnect(qApp, &QApplication::focusChanged, this, &CellEditor::focusMoved);
+}
 
 VemoGridLib::Column* CellEditor::Column() const
 {

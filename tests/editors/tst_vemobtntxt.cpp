@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+// VemoBtnTxt: the strip left for the button, the press and its ButtonClick, the focus that a
+// press leaves in the text field, and the Change reports.
+#include <VemoGridLib/ICellEventReceiver.h>
+#include <VemoGridLib/VemoBtnTxt.h>
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QScreen>
+#include <QTest>
+#include <QThread>
+
+#include <functional>
+
+using namespace VemoGridLib;
+
+namespace {
+
+// Records the reports by name; `onButtonClick` runs inside ButtonClick.
+struct Recorder : ICellEventReceiver
+{
+    QStringList log;
+    std::function<void()> onButtonClick = [] {
+    };
+
+    void Change() override { log << "Change"; }
+    void BeforeDropDown() override { log << "BeforeDropDown"; }
+    void CellComboSelect(int, const QString&) override { log << "CellComboSelect"; }
+    void CellComboClick(const QString&) override { log << "CellComboClick"; }
+    void Click() override { log << "Click"; }
+    void DblClick() override { log << "DblClick"; }
+    void KeyDown(short&, short&) override { log << "KeyDown"; }
+    void KeyPress(short&) override { log << "KeyPress"; }
+    void KeyUp(short&, short&) override { log << "KeyUp"; }
+    void MouseDown(short&, short&, float&, float&) override { log << "MouseDown"; }
+    void MouseMove(short&, short&, float&, float&) override { log << "MouseMove"; }
+    void MouseUp(short&, short&, float&, float&) override { log << "MouseUp"; }
+    void ButtonClick() override { log << "ButtonClick", onButtonClick(); }
+    void ExitLocus() override { log << "ExitLocus"; }
+};
+
+} // namespace
+
+class tst_VemoBtnTxt : public QObject
+{
+    Q_OBJECT
+
+    // A form that takes the focus itself, as a grid under the editor does.
+    QPointer<QWidget> form;
+    QPointer<VemoBtnTxt> editor;
+    QPointer<QLineEdit> other;
+    Recorder host;
+
+    QLineEdit* field() { return editor->findChild<QLineEdit*>("txtInput"); }
+    QPoint strip() { return QPoint(editor->width() - 5, editor->height() / 2); }
+
+private slots:
+    void initTestCase() { QCOMPARE(QGuiApplication::primaryScreen()->logicalDotsPerInch(), 96); }
+
+    void init()
+    {
+        form = new QWidget;
+        form->setFocusPolicy(Qt::StrongFocus);
+        form->resize(300, 100);
+        editor = new VemoBtnTxt(form);
+        editor->setGeometry(10, 10, 200, 24);
+        other = new QLineEdit(form);
+        other->setGeometry(10, 50, 100, 24);
+        form->show();
+        form->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(form));
+        editor->setEventReceiver(&host);
+        field()->setFocus();
+        host = Recorder();
+    }
+    void cleanup() { delete form; }
+
+    void fieldLeavesTheStrip_data()
+    {
+        QTest::addColumn<int>("borderStyle");
+        QTest::addColumn<int>("fieldWidth");
+        // 200 px are 3000 twips; 2750 and 2700 twips are 183.3 and 180 px.
+        QTest::newRow("no border") << 0 << 183;
+        QTest::newRow("fixed single") << 1 << 180;
+    }
+
+    void fieldLeavesTheStrip()
+    {
+        QFETCH(int, borderStyle);
+        QFETCH(int, fieldWidth);
+        editor->setBorderStyle(borderStyle);
+        editor->repaint();
+        QCOMPARE(field()->geometry(), QRect(0, 0, fieldWidth, 24));
+        editor->resize(100, 30);
+        QCOMPARE(field()->geometry(), QRect(0, 0, fieldWidth - 100, 30));
+    }
+
+    void press_data()
+    {
+        QTest::addColumn<bool>("slowHandler");
+        QTest::addColumn<bool>("pressedUntilRelease");
+        QTest::newRow("quick handler") << false << true;
+        QTest::newRow("handler blocks") << true << false;
+    }
+
+    void press()
+    {
+        QFETCH(bool, slowHandler);
+        QFETCH(bool, pressedUntilRelease);
+        if (slowHandler)
+            host.onButtonClick = [] {
+                QThread::msleep(250);
+            };
+        const QImage raised = editor->grab().toImage();
+        QTest::mousePress(editor, Qt::LeftButton, {}, strip());
+        QCOMPARE(editor->buttonPressed(), pressedUntilRelease);
+        QCOMPARE(editor->grab().toImage() != raised, pressedUntilRelease);
+        QTest::mouseRelease(editor, Qt::LeftButton, {}, strip());
+        QVERIFY(!editor->buttonPressed());
+        QCOMPARE(editor->grab().toImage(), raised);
+        QCOMPARE(host.log, QStringList{"ButtonClick"});
+        QCOMPARE(QApplication::focusWidget(), field());
+    }
+
+    void exitLocus_data()
+    {
+        QTest::addColumn<bool>("toStrip");
+        QTest::addColumn<int>("exitLoci");
+        QTest::newRow("to the strip") << true << 0;
+        QTest::newRow("to another widget") << false << 1;
+    }
+
+    void exitLocus()
+    {
+        QFETCH(bool, toStrip);
+        QFETCH(int, exitLoci);
+        if (toStrip)
+            QTest::mouseClick(editor, Qt::LeftButton, {}, strip());
+        else
+            QTest::mouseClick(other, Qt::LeftButton);
+        QCOMPARE(host.log.count("ExitLocus"), exitLoci);
+        QCOMPARE(QApplication::focusWidget() == field(), toStrip);
+    }
+
+    void changeReports()
+    {
+        QTest::keyClicks(field(), "a,");
+        QCOMPARE(host.log.count("Change"), 2);
+        QCOMPARE(host.log.count("KeyPress"), 2);
+        QCOMPARE(editor->Text(), "a,");
+        editor->setValue(12.5);
+        QCOMPARE(editor->Value(), QVariant("12.5"));
+        QCOMPARE(host.log.count("Change"), 2);
+        editor->setText("b");
+        QCOMPARE(host.log.count("Change"), 3);
+    }
+};
+
+QTEST_MAIN(tst_VemoBtnTxt)
+#include "tst_vemobtntxt.moc"
