@@ -245,6 +245,11 @@ void CellEditor::Refresh()
         m_field->update();
 }
 
+bool CellEditor::hasTextField() const
+{
+    return m_field != nullptr;
+}
+
 void CellEditor::setLunarCalendar(bool)
 {
 }

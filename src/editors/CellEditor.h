@@ -92,6 +92,8 @@ public:
     QFont Font() const;
     /// Repaints the editor.
     void Refresh();
+    /// True for an editor with an inner text field, in which Left and Right move the caret.
+    bool hasTextField() const;
     /// Date editors show lunar dates; the other editors ignore it.
     virtual void setLunarCalendar(bool lunar);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The hosting VemoGrid's direct line to its hosted FlexGrid: the current-cell events, heard
-// before the grid's signals go out, and changes of the column count.
+// before the grid's signals go out, changes of the column count and of the layout.
 #pragma once
 
 namespace VemoGridLib {
@@ -19,6 +19,9 @@ public:
     /// The column count was set, by `Cols` itself or through `FormatString` or a bound model's
     /// columns; called once the new count is in place.
     virtual void hostedColsChanged() = 0;
+    /// Column widths, row heights, the fixed part or the row and column counts changed: cells
+    /// may have moved on the surface without a scroll.
+    virtual void hostedLayoutChanged() = 0;
 
 protected:
     ~FlexCellEventSink() = default;

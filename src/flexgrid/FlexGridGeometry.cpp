@@ -379,6 +379,8 @@ void FlexGridPrivate::relayout()
     if (!scrollTo(topRow, leftCol))
         updateScrollBars();
     requestRepaint();
+    if (cellEventSink)
+        cellEventSink->hostedLayoutChanged();
 }
 
 void FlexGridPrivate::requestRepaint()

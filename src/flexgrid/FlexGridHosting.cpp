@@ -3,6 +3,8 @@
 
 #include "flexgrid/FlexGrid_p.h"
 
+#include <algorithm>
+
 namespace VemoGridLib {
 
 FlexGridHosting::FlexGridHosting(FlexGrid* grid)
@@ -57,6 +59,31 @@ void FlexGridHosting::setPicture(int row, int col, const QPixmap& picture, int a
 qint64 FlexGridHosting::pictureKey(int row, int col) const
 {
     return d->store.format(row, col).picture.cacheKey();
+}
+
+QRect FlexGridHosting::cellRect(int row, int col) const
+{
+    if (row < 0 || col < 0 || row >= d->store.rowCount() || col >= d->store.colCount())
+        return QRect();
+    const QRect cell = d->cellRectPx(row, col);
+    const QPoint origin = d->q->viewport()->geometry().topLeft();
+    return QRect(cell.topLeft() + origin, QSize(std::max(0, cell.width() - d->gridLineWidth),
+                                                std::max(0, cell.height() - d->gridLineWidth)));
+}
+
+bool FlexGridHosting::hasScrollBar(Qt::Orientation orientation) const
+{
+    if (orientation == Qt::Vertical)
+        return (d->scrollBars & Flex::flexScrollBarVertical) && d->maxTopRow() > d->fixedRows;
+    return (d->scrollBars & Flex::flexScrollBarHorizontal) && d->maxLeftCol() > d->fixedCols;
+}
+
+QRect FlexGridHosting::scrolledArea() const
+{
+    QRect area = d->q->viewport()->geometry();
+    area.setLeft(area.left() + d->fixedColsWidthPx());
+    area.setTop(area.top() + d->fixedRowsHeightPx());
+    return area;
 }
 
 } // namespace VemoGridLib

@@ -7,6 +7,7 @@
 #include "flexgrid/FlexCellEventSink_p.h"
 
 #include <QPixmap>
+#include <QRect>
 #include <QStringView>
 
 namespace VemoGridLib {
@@ -44,6 +45,14 @@ public:
     /// Sets a cell's picture (and its alignment when `alignment` >= 0) and repaints; a cell
     /// outside the grid is left alone.
     void setPicture(int row, int col, const QPixmap& picture, int alignment);
+    /// Where cell (`row`, `col`) lies on the grid widget, in pixels, as it is now (no scrolling),
+    /// without the grid line; empty for a cell outside the grid.
+    QRect cellRect(int row, int col) const;
+    /// The part of the grid widget where the scrolled (non-fixed) cells show, in pixels.
+    QRect scrolledArea() const;
+    /// True when the grid shows a scroll bar along `orientation`: `ScrollBars` allows it and
+    /// there is somewhere to scroll (known at once, while the bar itself follows later).
+    bool hasScrollBar(Qt::Orientation orientation) const;
     /// The cache key of a cell's picture (0 for none).
     qint64 pictureKey(int row, int col) const;
 

@@ -228,18 +228,6 @@ void VemoGridPrivate::leaveThenMove(bool accepted, const std::function<void()>& 
     move();
 }
 
-void VemoGridPrivate::commitEdit()
-{
-    // The cell editors are not part of the grid yet: no editor is ever open, and
-    // with none open the commit has nothing to do.
-}
-
-void VemoGridPrivate::redisplayCurrentCell()
-{
-    // Once the editors exist, the current cell's editor is shown here; until then the hosted grid
-    // keeps showing (and focusing) the cell itself.
-}
-
 void VemoGridPrivate::moveHostedCell(int row, int col)
 {
     const QScopedValueRollback<bool> suppressed(suppressEvents, true);
@@ -263,7 +251,7 @@ void VemoGridPrivate::onHostedClick()
     if (inFixedCols)
         return;
     moveMarker(flex->Row());
-    redisplayCurrentCell();
+    editing.clickDataCell();
 }
 
 void VemoGridPrivate::hostedLeaveCell()
@@ -272,8 +260,11 @@ void VemoGridPrivate::hostedLeaveCell()
         leaveAlreadyDone = false;
         return;
     }
-    // A failing computation (division by zero) cannot go back through the hosted grid's
-    // event; the cell is simply left as it is.
+    leaveCellContained();
+}
+
+void VemoGridPrivate::leaveCellContained()
+{
     try {
         leaveCell();
     } catch (const VemoError&) {
@@ -285,6 +276,7 @@ void VemoGridPrivate::hostedEnterCell()
     // The grid's own moves (bulk work) are not where the mouse is: nothing to record then.
     if (suppressEvents)
         return;
+    leaveAlreadyDone = false;
     lastMouseCol = flex->MouseCol();
     lastMouseRow = flex->MouseRow();
     int rowSel = flex->RowSel();
@@ -304,6 +296,19 @@ void VemoGridPrivate::hostedColsChanged()
         resizeColumns(flex->Cols());
 }
 
+void VemoGridPrivate::hostedLayoutChanged()
+{
+    editing.followCell();
+}
+
+void VemoGridPrivate::onHostedKeyDown(short& keyCode, short& shift)
+{
+    Q_EMIT q->KeyDown(keyCode, shift);
+    // A key the grid moved on is not the hosted grid's to move on as well.
+    if (editing.handleKey(keyCode, shift, nullptr))
+        keyCode = 0;
+}
+
 void VemoGridPrivate::hostedRowColChange()
 {
     Q_EMIT q->RowColChange();
@@ -320,11 +325,14 @@ void VemoGridPrivate::connectHostedGrid()
     QObject::connect(flex, &FlexGrid::Scroll, q, [this] {
         catchingErrors("VemoGrid Scroll", [this] {
             Q_EMIT q->Scroll();
-            if (!editorShowing)
+            // An editor never floats over a cell that scrolled away; placing one scrolls too.
+            if (!editing.placing())
                 commitEdit();
         });
     });
-    QObject::connect(flex, &FlexGrid::KeyDown, q, &VemoGrid::KeyDown);
+    QObject::connect(flex, &FlexGrid::KeyDown, q, [this](short& keyCode, short& shift) {
+        catchingErrors("VemoGrid KeyDown", [&] { onHostedKeyDown(keyCode, shift); });
+    });
     QObject::connect(flex, &FlexGrid::KeyPress, q, &VemoGrid::KeyPress);
     QObject::connect(flex, &FlexGrid::KeyUp, q, &VemoGrid::KeyUp);
     using MouseSignal = void (VemoGrid::*)(short&, short&, float&, float&);
@@ -340,6 +348,9 @@ void VemoGridPrivate::connectHostedGrid()
     };
     QObject::connect(flex, &FlexGrid::MouseDown, q, relayMouse(&VemoGrid::MouseDown));
     QObject::connect(flex, &FlexGrid::MouseMove, q, relayMouse(&VemoGrid::MouseMove));
+    QObject::connect(flex, &FlexGrid::MouseMove, q, [this] {
+        catchingErrors("VemoGrid link pointer", [this] { editing.updateLinkPointer(); });
+    });
     QObject::connect(flex, &FlexGrid::MouseUp, q, relayMouse(&VemoGrid::MouseUp));
 }
 
@@ -356,6 +367,7 @@ VemoGrid::VemoGrid(QWidget* parent)
     d->flex->setFixedCols(1);
     d->flex->setFixedRows(1);
     d->connectHostedGrid();
+    d->editing.createEditors();
     setFocusProxy(d->flex);
     InitProperties();
 }

@@ -5,10 +5,11 @@
 // VemoGridExport.cpp (Excel export).
 #pragma once
 
-#include "grid/ExcelFile.h"
 #include "flexgrid/FlexGrid.h"
 #include "flexgrid/FlexGridHosting_p.h"
+#include "grid/ExcelFile.h"
 #include "grid/VemoGrid.h"
+#include "grid/VemoGridEditing_p.h"
 
 #include "common/OleColor.h"
 
@@ -96,8 +97,6 @@ public:
     bool suppressEvents = false;
     /// Bulk passes running (BulkPass).
     int bulkDepth = 0;
-    /// Set while an editor is being placed.
-    bool editorShowing = false;
     int lastMouseRow = 0;
     int lastMouseCol = 0;
     QVariant tag;
@@ -165,15 +164,16 @@ public:
     /// The leave-cell step: unless events are suppressed, `LeaveCell`, then
     /// with `EditEnable` the editor commit and the auto-calculation.
     void leaveCell();
+    /// The leave-cell step where the user left the cell: a failing auto-calculation (division
+    /// by zero) leaves the result cell as it is and the move goes on.
+    void leaveCellContained();
     /// The grid's own `Row`/`Col` setters: the leave-cell step, then `move` of the hosted cell;
     /// a move not `accepted` (outside the grid) is refused before the leave-cell step.
     void leaveThenMove(bool accepted, const std::function<void()>& move);
-    /// The editor commit. With no editor open (until the cell editors arrive, always)
-    /// it does nothing, and nothing while events are suppressed.
-    void commitEdit();
-    /// The current-cell re-display: shows the editor of the current cell once editors
-    /// exist; with none it leaves the hosted grid as it is.
-    void redisplayCurrentCell();
+    /// The editor commit (EditingSession::commit).
+    void commitEdit() { editing.commit(); }
+    /// The current-cell re-display after a row operation (EditingSession::redisplay).
+    void redisplayCurrentCell() { editing.redisplay(); }
     /// Sets hosted `Row` / `Col` with events suppressed (the flag is then as it was).
     void moveHostedCell(int row, int col);
     /// Suppresses events until the returned guard goes; the flag is then cleared, not restored,
@@ -197,7 +197,16 @@ public:
     void hostedRowColChange() override;
     /// Keeps one `Column` per hosted column in user mode, whatever set the count.
     void hostedColsChanged() override;
+    /// The open editor follows its cell.
+    void hostedLayoutChanged() override;
+    /// The leave-cell step already ran for the current cell (the grid's own move, or the
+    /// editor's focus loss): the hosted grid's LeaveCell for it is not a second one.
     bool leaveAlreadyDone = false;
+    /// The hosted grid's KeyDown: the grid's event first, then the grid's key handling.
+    void onHostedKeyDown(short& keyCode, short& shift);
+
+    // ---- the editing session (VemoGridEditing.cpp, VemoGridKeyboard.cpp) ----------------------
+    EditingSession editing{*this};
 
     // ---- row operations (VemoGridRows.cpp) ------------------------------------------------------
     /// The empty-line rule: no data column of `row` is filled (a check box only by ".").

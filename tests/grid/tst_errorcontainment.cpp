@@ -57,9 +57,9 @@ private slots:
     {
         QTest::addColumn<QString>("event");
         QTest::addColumn<QString>("where");
-        // EnterCell comes after the hosted grid moved: the move stands, the key's work ends there.
-        for (const auto& [event, where] : {std::pair("KeyDown", "FlexGrid::keyPressEvent"),
-                                           {"EnterCell", "FlexGrid::keyPressEvent"},
+        // EnterCell comes after the grid moved: the move stands, the key's work ends there.
+        for (const auto& [event, where] : {std::pair("KeyDown", "VemoGrid KeyDown"),
+                                           {"EnterCell", "VemoGrid KeyDown"},
                                            {"MouseDown", "VemoGrid mouse event"},
                                            {"Click", "VemoGrid Click"},
                                            {"Scroll", "VemoGrid Scroll"}})

@@ -1,0 +1,573 @@
+// SPDX-License-Identifier: MIT
+// VemoGrid's editing session driven as a user drives it: clicks open the column's editor,
+// typing and Enter commit through Validate with the grid's events, the move keys skip what
+// cannot be entered, Esc, input methods, hyperlinks, step scrolling with keys and the wheel,
+// and an editor that never floats over the wrong cell.
+#include <VemoGridLib/CellEditor.h>
+#include <VemoGridLib/Column.h>
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/Messages.h>
+#include <VemoGridLib/VemoGrid.h>
+
+#include "MessageRecorder.h"
+#include "VemoGridTestSupport.h"
+
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QRandomGenerator>
+#include <QScrollBar>
+#include <QTest>
+
+using namespace VemoGridLib;
+using namespace VemoTest;
+
+namespace {
+
+/// The shown editor of `grid`, or none.
+CellEditor* openEditor(const VemoGrid& grid)
+{
+    for (CellEditor* editor : grid.findChildren<CellEditor*>()) {
+        if (editor->isVisible())
+            return editor;
+    }
+    return nullptr;
+}
+
+QWidget* focused()
+{
+    return QApplication::focusWidget();
+}
+
+void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QTest::keyClick(focused(), Qt::Key(key), modifiers);
+}
+
+void wheel(QWidget* target, QPoint delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QWheelEvent event(QPointF(10, 10), target->mapToGlobal(QPointF(10, 10)), QPoint(), delta,
+                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(target, &event);
+}
+
+/// The cell of the current position as "row,col".
+QString current(const VemoGrid& grid)
+{
+    return QStringLiteral("%1,%2").arg(grid.Row()).arg(grid.Col());
+}
+
+} // namespace
+
+class tst_VemoGridEditing : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<MessageRecorder> m_messages;
+    std::unique_ptr<VemoGrid> m_grid;
+    QStringList m_events;
+
+    /// A shown, active grid of `format` whose events are recorded in m_events.
+    VemoGrid& makeGrid(const QString& format, int dataRows = 3)
+    {
+        m_grid = shownGrid(format, dataRows);
+        if (!m_grid)
+            qFatal("the grid was not exposed");
+        m_grid->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_grid.get()))
+            qFatal("the grid did not become active");
+        VemoGrid* const g = m_grid.get();
+        const auto record = [this](const char* name) {
+            return [this, name] {
+                m_events << QLatin1String(name);
+            };
+        };
+        connect(g, &VemoGrid::LeaveCell, this, record("LeaveCell"));
+        connect(g, &VemoGrid::EnterCell, this, record("EnterCell"));
+        connect(g, &VemoGrid::Change, this, record("Change"));
+        connect(g, &VemoGrid::CellChanged, this, [this](int r, int c) {
+            m_events << QStringLiteral("CellChanged %1,%2").arg(r).arg(c);
+        });
+        connect(g, &VemoGrid::ValidateError, this, [this](int, int, const QString& v) {
+            m_events << QStringLiteral("ValidateError ") + v;
+        });
+        connect(g, &VemoGrid::BeforeChange, this, [this](int, int, bool&, QString& v) {
+            m_events << QStringLiteral("BeforeChange ") + v;
+        });
+        return *g;
+    }
+
+private slots:
+    void initTestCase() { pinFont(); }
+    void init()
+    {
+        m_messages = std::make_unique<MessageRecorder>();
+        m_events.clear();
+    }
+    void cleanup()
+    {
+        m_grid.reset();
+        m_messages.reset();
+    }
+
+    void clickOpensTheColumnsEditor_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("editor");
+        QTest::newRow("text") << int(eTextBox) << "VemoTextBox1";
+        QTest::newRow("numeric") << int(eNumeric) << "VemoTextBox1";
+        QTest::newRow("check box") << int(eCheckBox) << "VemoCheckBox1";
+        QTest::newRow("button") << int(eButton) << "VemoBtnTxt1";
+        QTest::newRow("combo: none yet") << int(eComboBox) << "";
+        QTest::newRow("date: none yet") << int(eCalendar) << "";
+    }
+    void clickOpensTheColumnsEditor()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, editor);
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        g.setColType(2, VemoGridColType(type));
+        g.hostedGrid()->setColWidth(2, 1200);
+        g.setTextMatrix(2, 2, QStringLiteral("12"));
+        clickCell(g, 2, 2);
+        CellEditor* const shown = openEditor(g);
+        QCOMPARE(shown ? shown->objectName() : QString(), editor);
+        if (!shown) {
+            QCOMPARE(focused(), g.hostedGrid());
+            return;
+        }
+        const QRect cell = cellRect(g, 2, 2).translated(g.hostedGrid()->viewport()->pos());
+        QCOMPARE(shown->geometry(), cell.adjusted(0, 0, -1, -1));
+        QVERIFY(shown->isAncestorOf(focused()) || focused() == shown);
+        if (shown->hasTextField()) {
+            QCOMPARE(shown->Text(), QStringLiteral("12"));
+            QCOMPARE(shown->SelLength(), 2);
+        }
+    }
+
+    void typingAndEnterCommit_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QStringList>("events");
+        const QString old = QStringLiteral("7");
+        QTest::newRow("text") << int(eTextBox) << "abc"
+                              << "abc"
+                              << QStringList{"LeaveCell", "BeforeChange abc", "CellChanged 1,1",
+                                             "EnterCell"};
+        QTest::newRow("unchanged text: no change events")
+            << int(eTextBox) << old << old << QStringList{"LeaveCell", "EnterCell"};
+        QTest::newRow("numeric keeps letters and commas out")
+            << int(eNumeric) << "1x2,5"
+            << "125"
+            << QStringList{"LeaveCell", "BeforeChange 125", "CellChanged 1,1", "EnterCell"};
+        QTest::newRow("currency formats")
+            << int(eCurrency) << "1234.5"
+            << "1,234.50"
+            << QStringList{"LeaveCell", "BeforeChange 1234.5", "CellChanged 1,1", "EnterCell"};
+        QTest::newRow("long rounds half to even")
+            << int(eLong) << "2.5"
+            << "2" << QStringList{"LeaveCell", "BeforeChange 2.5", "CellChanged 1,1", "EnterCell"};
+        QTest::newRow("above MaxValue is rejected")
+            << int(eNumeric) << "5000.5" << old
+            << QStringList{"LeaveCell", "ValidateError 5000.5", "EnterCell"};
+        QTest::newRow("not a number is rejected")
+            << int(eNumeric) << "1-2" << old
+            << QStringList{"LeaveCell", "ValidateError 1-2", "EnterCell"};
+    }
+    void typingAndEnterCommit()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, typed);
+        QFETCH(QString, stored);
+        QFETCH(QStringList, events);
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        g.setColType(1, VemoGridColType(type));
+        g.Column(1)->setMaxValue(5000);
+        g.setTextMatrix(1, 1, QStringLiteral("7"));
+        clickCell(g, 1, 1);
+        m_events.clear();
+        QTest::keyClicks(focused(), typed);
+        press(Qt::Key_Return);
+        QCOMPARE(g.hostedGrid()->TextMatrix(1, 1), stored);
+        QCOMPARE(m_events, events);
+        QCOMPARE(current(g), QStringLiteral("1,2"));
+        QCOMPARE(openEditor(g)->objectName(), QStringLiteral("VemoTextBox1"));
+    }
+
+    void beforeChangeCancelsButCannotRewrite()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        bool cancel = true;
+        connect(&g, &VemoGrid::BeforeChange, this, [&](int, int, bool& c, QString& v) {
+            c = cancel;
+            v = QStringLiteral("rewritten");
+        });
+        for (const bool cancelled : {true, false}) {
+            cancel = cancelled;
+            clickCell(g, 1, 1);
+            QTest::keyClicks(focused(), QStringLiteral("typed"));
+            press(Qt::Key_Return);
+            QCOMPARE(g.TextMatrix(1, 1), cancelled ? QString() : QStringLiteral("typed"));
+        }
+    }
+
+    void moveKeysSkipWhatCannotBeEntered_data()
+    {
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("to");
+        // Column 2 is locked, 3 narrow, 5 numbered; row 3 is hidden.
+        QTest::newRow("Right skips locked and narrow") << "1,1" << int(Qt::Key_Right) << "1,4";
+        QTest::newRow("Right at the last enterable stays") << "1,4" << int(Qt::Key_Right) << "1,4";
+        QTest::newRow("Left skips back") << "1,4" << int(Qt::Key_Left) << "1,1";
+        QTest::newRow("Left at the first stays") << "1,1" << int(Qt::Key_Left) << "1,1";
+        QTest::newRow("Enter wraps to the next row") << "1,4" << int(Qt::Key_Return) << "2,1";
+        QTest::newRow("Down skips a hidden row") << "2,1" << int(Qt::Key_Down) << "4,1";
+        QTest::newRow("Up skips a hidden row") << "4,4" << int(Qt::Key_Up) << "2,4";
+        QTest::newRow("Up stops at the first data row") << "1,1" << int(Qt::Key_Up) << "1,1";
+        QTest::newRow("Enter in the last cell adds a row") << "4,4" << int(Qt::Key_Return) << "5,1";
+    }
+    void moveKeysSkipWhatCannotBeEntered()
+    {
+        QFETCH(QString, from);
+        QFETCH(int, key);
+        QFETCH(QString, to);
+        VemoGrid& g = makeGrid(QStringLiteral("|A|Locked|N|D|No"), 4);
+        g.Column(2)->setLocked(true);
+        g.setCOLWIDTH(3, 15);
+        g.Column(5)->setAutoAdd(true);
+        g.setRowHeight(3, 0);
+        g.setTextMatrix(4, 4, QStringLiteral("x")); // the last row is not empty
+        g.setNullLine(false);
+        clickCell(g, from.section(',', 0, 0).toInt(), from.section(',', 1, 1).toInt());
+        QCOMPARE(current(g), from);
+        press(key);
+        QCOMPARE(current(g), to);
+        QVERIFY(openEditor(g));
+        QCOMPARE(g.Rows(), to == QStringLiteral("5,1") ? 6 : 5);
+    }
+
+    void enterAtTheEndFollowsAutoGrowAndNullLine_data()
+    {
+        QTest::addColumn<bool>("autoGrow");
+        QTest::addColumn<bool>("nullLine");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("empty row, NullLine on") << true << true << "" << 3 << "";
+        QTest::newRow("empty row, NullLine off") << true << false << "" << 2 << "";
+        QTest::newRow("just typed counts, NullLine off") << true << false << "x" << 3 << "x";
+        QTest::newRow("AutoGrow off: the edit goes on") << false << true << "x" << 2 << "";
+    }
+    void enterAtTheEndFollowsAutoGrowAndNullLine()
+    {
+        QFETCH(bool, autoGrow);
+        QFETCH(bool, nullLine);
+        QFETCH(QString, typed);
+        QFETCH(int, rows);
+        QFETCH(QString, stored);
+        VemoGrid& g = makeGrid(QStringLiteral("|A"), 1);
+        g.setAutoGrow(autoGrow);
+        g.setNullLine(nullLine);
+        clickCell(g, 1, 1);
+        QTest::keyClicks(focused(), typed);
+        press(Qt::Key_Return);
+        QCOMPARE(g.Rows(), rows);
+        QCOMPARE(g.TextMatrix(1, 1), stored);
+        QCOMPARE(g.Row(), rows - 1);
+        QCOMPARE(openEditor(g)->Text(), rows == 3 ? QString() : typed);
+    }
+
+    void caretKeysStayInsideTheText()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B|C"));
+        clickCell(g, 1, 2);
+        QTest::keyClicks(focused(), QStringLiteral("ab"));
+        press(Qt::Key_Left); // the caret moves from the end
+        QCOMPARE(current(g), QStringLiteral("1,2"));
+        press(Qt::Key_Right);
+        press(Qt::Key_Right); // at the end: the next cell
+        QCOMPARE(current(g), QStringLiteral("1,3"));
+        QCOMPARE(g.TextMatrix(1, 2), QStringLiteral("ab"));
+    }
+
+    void escapePutsBackTheCellsText()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        g.setTextMatrix(1, 1, QStringLiteral("before"));
+        clickCell(g, 1, 1);
+        QTest::keyClicks(focused(), QStringLiteral("after"));
+        press(Qt::Key_Escape);
+        QCOMPARE(openEditor(g)->Text(), QStringLiteral("before"));
+        QTest::keyClicks(focused(), QStringLiteral("again"));
+        press(Qt::Key_Return);
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("again"));
+    }
+
+    void inputMethodTextLandsInTheCell()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        clickCell(g, 1, 1);
+        QInputMethodEvent composing(QStringLiteral("zhong"), {});
+        QApplication::sendEvent(focused(), &composing);
+        QInputMethodEvent committed(QString(), {});
+        committed.setCommitString(QStringLiteral("中"));
+        QApplication::sendEvent(focused(), &committed);
+        QInputMethodEvent second(QString(), {});
+        second.setCommitString(QStringLiteral("文かな"));
+        QApplication::sendEvent(focused(), &second);
+        press(Qt::Key_Return);
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("中文かな"));
+    }
+
+    void checkBoxTogglesAndCommitsItsMarker()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|Paid|B"));
+        g.setColType(1, eCheckBox);
+        g.setcgChecked(1, 1, false);
+        const QImage unchecked = lookOf(g, 1, 1).picture.toImage();
+        clickCell(g, 1, 1);
+        QCOMPARE(openEditor(g)->objectName(), QStringLiteral("VemoCheckBox1"));
+        m_events.clear();
+        press(Qt::Key_Space);
+        press(Qt::Key_Return);
+        QVERIFY(g.cgChecked(1, 1));
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("True"));
+        QVERIFY(lookOf(g, 1, 1).picture.toImage() != unchecked);
+        QCOMPARE(m_events.mid(0, 4),
+                 (QStringList{"Change", "LeaveCell", "BeforeChange .", "CellChanged 1,1"}));
+    }
+
+    void buttonColumnRaisesBtnClick()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|Notes"));
+        g.setColType(2, eButton);
+        QList<QPoint> clicks;
+        connect(&g, &VemoGrid::BtnClick, this, [&](int& r, int& c) { clicks << QPoint(c, r); });
+        clickCell(g, 1, 2);
+        CellEditor* const editor = openEditor(g);
+        QVERIFY(editor);
+        QTest::mouseClick(editor, Qt::LeftButton, {}, QPoint(editor->width() - 3, 5));
+        QCOMPARE(clicks, QList<QPoint>{QPoint(2, 1)});
+    }
+
+    void hyperlinkOpensThroughTheShell_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("opened");
+        QTest::newRow("a link") << "https://example.org/" << true;
+        QTest::newRow("blanks only: edited") << "   " << false;
+    }
+    void hyperlinkOpensThroughTheShell()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, opened);
+        VemoGrid& g = makeGrid(QStringLiteral("|Link|B"));
+        g.setColType(1, ehyperlink);
+        g.setTextMatrix(1, 1, text);
+        QStringList targets;
+        const ShellOpenHandler previous = setShellOpenHandler([&](const QString& target) {
+            targets << target;
+            return true;
+        });
+        clickCell(g, 1, 1);
+        setShellOpenHandler(previous);
+        QCOMPARE(targets, opened ? QStringList{text} : QStringList{});
+        QCOMPARE(openEditor(g) != nullptr, !opened);
+        const QRect cell = cellRect(g, 1, 1);
+        QTest::mouseMove(g.hostedGrid()->viewport(), cell.center());
+        QCOMPARE(g.hostedGrid()->MousePointer(), opened ? 99 : 0);
+    }
+
+    void focusLeavingTheEditorCommitsOnce()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        QLineEdit elsewhere(&g);
+        elsewhere.setGeometry(600, 300, 80, 20);
+        elsewhere.show();
+        clickCell(g, 1, 1);
+        QTest::keyClicks(focused(), QStringLiteral("x"));
+        m_events.clear();
+        elsewhere.setFocus();
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("x"));
+        QCOMPARE(m_events, (QStringList{"LeaveCell", "BeforeChange x", "CellChanged 1,1"}));
+        QCOMPARE(focused(), &elsewhere);
+        QVERIFY(!openEditor(g));
+        m_events.clear();
+        clickCell(g, 2, 1); // the cell was left already: no second LeaveCell
+        QCOMPARE(m_events, QStringList{"EnterCell"});
+    }
+
+    void editorMouseReportsAreInGridTwips()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        clickCell(g, 2, 2);
+        QPointF reported;
+        connect(&g, &VemoGrid::MouseDown, this,
+                [&](short&, short&, float& x, float& y) { reported = QPointF(x, y); });
+        QWidget* const field = openEditor(g)->findChild<QLineEdit*>(QStringLiteral("txtInput"));
+        QTest::mousePress(field, Qt::LeftButton, {}, QPoint(4, 3));
+        const QPoint at = field->mapTo(&g, QPoint(4, 3));
+        QCOMPARE(reported, QPointF(at.x() * 15, at.y() * 15));
+    }
+
+    void stepScrolling_data()
+    {
+        QTest::addColumn<int>("scrollType");
+        QTest::addColumn<QList<int>>("wheelDeltas");
+        QTest::addColumn<QList<int>>("topRows");
+        // Alt+Down and a wheel notch of -120 step down by ScrollNum; fine deltas do nothing.
+        QTest::newRow("notches down")
+            << int(VemoScrollAuto) << QList<int>{-120, -120} << QList<int>{4, 7};
+        QTest::newRow("notch up stops at the fixed rows")
+            << int(VemoScrollVertical) << QList<int>{-120, 120, 120} << QList<int>{4, 1, 1};
+        QTest::newRow("fine deltas do not scroll")
+            << int(VemoScrollAuto) << QList<int>{-60, -119, 240} << QList<int>{1, 1, 1};
+        QTest::newRow("horizontal without a horizontal bar")
+            << int(VemoScrollHorizontal) << QList<int>{-120} << QList<int>{1};
+        QTest::newRow("ScrollNone leaves the wheel to the grid")
+            << int(VemoScrollNone) << QList<int>{-120} << QList<int>{4};
+    }
+    void stepScrolling()
+    {
+        QFETCH(int, scrollType);
+        QFETCH(QList<int>, wheelDeltas);
+        QFETCH(QList<int>, topRows);
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"), 40);
+        g.setScrollType(VemoGridScrollType(scrollType));
+        clickCell(g, 1, 1);
+        QList<int> seen;
+        for (const int delta : wheelDeltas) {
+            wheel(g.hostedGrid()->viewport(), QPoint(0, delta));
+            seen << g.TopRow();
+        }
+        QCOMPARE(seen, topRows);
+        if (scrollType != VemoScrollNone && topRows.last() > 1)
+            QCOMPARE(g.Row(), topRows.last());
+    }
+
+    void stepScrollingStopsForGoodAtTheEnd()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"), 20);
+        g.setScrollNum(5);
+        clickCell(g, 1, 1);
+        QList<int> tops;
+        for (int i = 0; i < 5; ++i) {
+            press(Qt::Key_Down, Qt::AltModifier);
+            tops << g.TopRow();
+        }
+        const int end = tops.last();
+        QVERIFY(end > 1 && end < 20);
+        QCOMPARE(tops[3], end); // at the end, Down steps do nothing any more
+        wheel(focused(), QPoint(0, -120), Qt::ControlModifier);
+        QCOMPARE(g.TopRow(), end);
+        press(Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(g.TopRow(), end - 5);
+    }
+
+    void editorNeverFloatsOverTheWrongCell()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B|C"), 3);
+        const auto openAt = [&](int row, int col) {
+            clickCell(g, row, col);
+            QTest::keyClicks(focused(), QStringLiteral("v"));
+            return openEditor(g);
+        };
+        // A column to the left grows: the editor moves with its cell.
+        CellEditor* editor = openAt(2, 2);
+        g.setCOLWIDTH(1, 1800);
+        QCOMPARE(editor->geometry().left(),
+                 cellRect(g, 2, 2).left() + g.hostedGrid()->viewport()->x());
+        // Row operations, sorting and scrolling commit and hide it.
+        const std::vector<std::function<void()>> ends = {
+            [&] { g.RemoveItem(1); },
+            [&] { g.Sort(1); },
+            [&] { g.setTopRow(2); },
+            [&] { g.AddItem(QString()); },
+        };
+        for (const auto& end : ends) {
+            g.setTopRow(1);
+            openAt(1, 2);
+            end();
+            QVERIFY(columnTexts(g, 2).contains(QStringLiteral("v")));
+            if (CellEditor* const shown = openEditor(g)) {
+                QCOMPARE(shown->Text(), g.TextMatrix(g.Row(), g.Col()));
+                QCOMPARE(shown->geometry().topLeft(), cellRect(g, g.Row(), g.Col()).topLeft() +
+                                                          g.hostedGrid()->viewport()->pos());
+            }
+        }
+    }
+
+    void autoCalculationRunsOnLeavingAnOperand()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|Qty|Price|Amount"));
+        for (const int col : {1, 2, 3})
+            g.setColType(col, eNumeric);
+        g.setAutoCalc1(1);
+        g.setAutoCalc2(2);
+        g.setAutoCalcRES(3);
+        g.setAutoCalcOPE(QStringLiteral("*"));
+        clickCell(g, 1, 1);
+        QTest::keyClicks(focused(), QStringLiteral("3"));
+        press(Qt::Key_Return);
+        QTest::keyClicks(focused(), QStringLiteral("2.5"));
+        press(Qt::Key_Return);
+        QCOMPARE(g.TextMatrix(1, 3), QStringLiteral("7.5"));
+    }
+
+    void sortOnColLeavesTheEditUncommitted()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B"));
+        clickCell(g, 1, 1);
+        QTest::keyClicks(focused(), QStringLiteral("kept out"));
+        g.SortOnCol(1);
+        press(Qt::Key_Return);
+        QCOMPARE(g.TextMatrix(1, 1), QString());
+    }
+
+    void randomInputKeepsEveryCellValid()
+    {
+        // Whatever a user types and clicks, a numeric cell holds its old text or a number the
+        // editor accepted, and nothing crashes.
+        VemoGrid& g = makeGrid(QStringLiteral("|Text|Qty|Price|Amount|Paid"), 4);
+        for (const int col : {2, 3, 4})
+            g.setColType(col, eNumeric);
+        g.setColType(5, eCheckBox);
+        g.Column(2)->setMaxValue(1000);
+        g.setAutoCalc1(2);
+        g.setAutoCalc2(3);
+        g.setAutoCalcRES(4);
+        g.setAutoCalcOPE(QStringLiteral("/"));
+        const QList<int> keys = {Qt::Key_Return, Qt::Key_Left,  Qt::Key_Right,  Qt::Key_Up,
+                                 Qt::Key_Down,   Qt::Key_Space, Qt::Key_Escape, Qt::Key_Backspace,
+                                 Qt::Key_Tab,    Qt::Key_Minus, Qt::Key_Period, Qt::Key_Comma};
+        QRandomGenerator random(20261124);
+        for (int step = 0; step < 600; ++step) {
+            const int choice = random.bounded(10);
+            if (choice == 0)
+                clickCell(g, 1 + random.bounded(g.Rows() - 1), 1 + random.bounded(5));
+            else if (choice < 4)
+                QTest::keyClick(focused(), char('0' + random.bounded(10)));
+            else if (choice == 4)
+                QTest::keyClick(focused(), char('a' + random.bounded(26)));
+            else if (choice == 5)
+                QTest::keyClick(focused(), Qt::Key_Down, Qt::AltModifier);
+            else
+                QTest::keyClick(focused(), Qt::Key(keys[random.bounded(keys.size())]));
+            if (!g.isAncestorOf(focused()))
+                g.setFocus();
+            for (int r = 1; r < g.Rows(); ++r) {
+                for (const int c : {2, 3}) {
+                    const QString text = g.TextMatrix(r, c);
+                    QVERIFY2(text.isEmpty() || !text.contains(QRegularExpression("[^0-9.,-]")),
+                             qPrintable(QStringLiteral("step %1: %2").arg(step).arg(text)));
+                }
+            }
+        }
+    }
+};
+
+QTEST_MAIN(tst_VemoGridEditing)
+#include "tst_vemogrid_editing.moc"
