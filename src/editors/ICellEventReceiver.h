@@ -38,7 +38,7 @@ public:
     /// A key went up.
     virtual void KeyUp(short& KeyCode, short& Shift) = 0;
     /// Mouse over the editor: button mask (1 left, 2 right, 4 middle), shift mask, and the
-    /// position in twips relative to the part of the editor that received it.
+    /// position in twips relative to the piece of the editor that received it.
     virtual void MouseDown(short& Button, short& Shift, float& x, float& y) = 0;
     virtual void MouseMove(short& Button, short& Shift, float& x, float& y) = 0;
     virtual void MouseUp(short& Button, short& Shift, float& x, float& y) = 0;

@@ -48,7 +48,7 @@ public:
     /// Where cell (`row`, `col`) lies on the grid widget, in pixels, as it is now (no scrolling),
     /// without the grid line; empty for a cell outside the grid.
     QRect cellRect(int row, int col) const;
-    /// The part of the grid widget where the scrolled (non-fixed) cells show, in pixels.
+    /// The area of the grid widget where the scrolled (non-fixed) cells show, in pixels.
     QRect scrolledArea() const;
     /// True when the grid shows a scroll bar along `orientation`: `ScrollBars` allows it and
     /// there is somewhere to scroll (known at once, while the bar itself follows later).
