@@ -141,6 +141,8 @@ void EditingSession::showEditor()
         if (!editor)
             return;
         m_active = editor;
+        m_row = row;
+        m_col = col;
         load(editor, row, col);
     }
     place();
@@ -214,8 +216,13 @@ void EditingSession::commit()
     const QScopedValueRollback<bool> committing(m_committing, true);
     CellEditor* const editor = m_active;
     FlexGrid* const flex = g.flex;
-    const int row = flex->Row();
-    const int col = flex->Col();
+    // The edited cell, even when the grid's own work moved the current cell meanwhile.
+    const int row = m_row;
+    const int col = m_col;
+    if (row >= flex->Rows() || col >= flex->Cols()) {
+        hideEditor();
+        return;
+    }
     const QString typed = editor->Text();
     if (typed == flex->TextMatrix(row, col)) {
         hideEditor();

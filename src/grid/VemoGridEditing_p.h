@@ -123,6 +123,9 @@ private:
     /// Indexed by VemoGridColType; several types share one editor.
     std::array<QPointer<CellEditor>, 9> m_editors;
     CellEditor* m_active = nullptr;
+    /// The cell the open editor edits.
+    int m_row = 0;
+    int m_col = 0;
     bool m_placing = false;
     bool m_committing = false;
 };

@@ -103,6 +103,8 @@ void VemoGrid::AddItem(const QString& Item, int Index)
 
 void VemoGrid::RemoveItem(int Index)
 {
+    // The open edit lands in its cell before the current cell moves to the marker column.
+    d->commitEdit();
     int row = d->markedRow;
     if (Index != 0) {
         d->moveHostedCell(d->flex->Row(), 0);
@@ -116,7 +118,6 @@ void VemoGrid::RemoveItem(int Index)
         Clear();
         return;
     }
-    d->commitEdit();
     const BulkPass pass(*d, qint64(d->flex->Rows() - row) * d->flex->Cols());
     d->removeSortMark();
     d->flex->RemoveItem(row);

@@ -151,6 +151,8 @@ void VemoGridPrivate::sort(int col, VemoGridSortMode direction)
     if (col < flex->FixedCols())
         return;
     const VemoSortTypeConstants type = column(col)->SortType();
+    // The rows are about to move under the open editor: its text goes into its cell first.
+    commitEdit();
 
     // A sort ends with Redraw on, whatever it was before. The guards run while an error may be
     // on its way out, so they never raise one themselves.

@@ -469,29 +469,31 @@ private slots:
 
     void editorNeverFloatsOverTheWrongCell()
     {
-        VemoGrid& g = makeGrid(QStringLiteral("|A|B|C"), 3);
-        const auto openAt = [&](int row, int col) {
+        VemoGrid& g = makeGrid(QStringLiteral("|A|B|C"), 20);
+        const auto openAt = [&](int row, int col, const QString& typed) {
             clickCell(g, row, col);
-            QTest::keyClicks(focused(), QStringLiteral("v"));
+            QTest::keyClicks(focused(), typed);
             return openEditor(g);
         };
         // A column to the left grows: the editor moves with its cell.
-        CellEditor* editor = openAt(2, 2);
+        CellEditor* editor = openAt(2, 2, QStringLiteral("v"));
         g.setCOLWIDTH(1, 1800);
         QCOMPARE(editor->geometry().left(),
                  cellRect(g, 2, 2).left() + g.hostedGrid()->viewport()->x());
-        // Row operations, sorting and scrolling commit and hide it.
+        // Row operations, sorting and scrolling commit it first; it is then hidden or shown
+        // again over the current cell.
         const std::vector<std::function<void()>> ends = {
             [&] { g.RemoveItem(1); },
-            [&] { g.Sort(1); },
-            [&] { g.setTopRow(2); },
+            [&] { g.Sort(2); },
+            [&] { g.setTopRow(5); },
             [&] { g.AddItem(QString()); },
         };
-        for (const auto& end : ends) {
+        for (std::size_t i = 0; i < ends.size(); ++i) {
             g.setTopRow(1);
-            openAt(1, 2);
-            end();
-            QVERIFY(columnTexts(g, 2).contains(QStringLiteral("v")));
+            const QString typed = QStringLiteral("w%1").arg(i);
+            openAt(2, 2, typed);
+            ends[i]();
+            QVERIFY2(columnTexts(g, 2).contains(typed), qPrintable(typed));
             if (CellEditor* const shown = openEditor(g)) {
                 QCOMPARE(shown->Text(), g.TextMatrix(g.Row(), g.Col()));
                 QCOMPARE(shown->geometry().topLeft(), cellRect(g, g.Row(), g.Col()).topLeft() +
