@@ -27,9 +27,24 @@ class VemoGridPrivate;
 
 /// `VemoGrid`, the library's data-entry grid. It keeps every cell in its hosted
 /// `FlexGrid` (objectName `MSHFlexGrid1`), which fills the control but for a 60-twip margin,
-/// and adds one `Column` per column, typed cell writes, row operations with the
+/// and adds one `Column` per column, in-cell editing, typed cell writes, row operations with the
 /// empty-line rule and automatic numbering, typed sorting with header clicks, a per-row
 /// auto-calculated column, saved properties and Excel export.
+///
+/// Editing: a click on a data cell, or a move to it with the arrows or Enter, lays the editor of
+/// the column's type over the cell and focuses it — `VemoTextBox1` for text, hyperlink,
+/// currency, numeric and long columns, `VemoCheckBox1` for check boxes, `VemoBtnTxt1` for
+/// button columns (combo box and date columns open none yet). Leaving the cell (a move key, a
+/// click elsewhere, the focus going away, a scroll, a sort or row operation) commits: an
+/// unchanged text only hides the editor; otherwise the editor's `Validate` decides
+/// (`ValidateError` and the old text stay on a refusal), `BeforeChange` may cancel, the cell
+/// takes the editor's text and `CellChanged` follows. Up and Down skip hidden rows; Left, Right
+/// and Enter skip columns of 15 twips or less, `Locked` and `AutoAdd` ones; Left and Right
+/// move the caret inside a text until it reaches an edge; Enter wraps to the next row and, in
+/// the last cell, adds a row under `AutoGrow` (an empty row only with `NullLine`). Esc puts the
+/// cell's text back into the editor. A hyperlink cell with text opens through `shellOpen`
+/// instead of being edited. Alt+Up/Down, and a wheel notch of exactly ±120 while the grid has
+/// the focus, scroll by `ScrollNum` rows (or columns, per `ScrollType`).
 ///
 /// Positions and sizes are twips, colours OLE colours. A failing call throws `VemoError`.
 /// Every setter emits `PropertyChanged` with the property's name ("SortAble" for `Sortable`).
@@ -195,13 +210,14 @@ public:
     bool cgChecked(int Row, int Col) const;
     /// Writes "." or the unchecked marker "`" and redraws the box.
     void setcgChecked(int Row, int Col, bool checked);
-    /// Adds a row from TAB-separated `Item` at the end (`Index` < 1) or before
-    /// `Index`, unless the current row is empty and `NullLine` is false (then the message
-    /// "Do not allow add a null line!" is shown and nothing is added). Empty `AutoAdd` cells
-    /// take the running number.
+    /// Commits an open edit, then adds a row from TAB-separated `Item` at the end (`Index` < 1)
+    /// or before `Index`, unless the current row is empty and `NullLine` is false (then the
+    /// message "Do not allow add a null line!" is shown and nothing is added). Empty `AutoAdd`
+    /// cells take the running number. With the focus in the grid, the new current cell's editor
+    /// opens.
     void AddItem(const QString& Item, int Index = 0);
-    /// Removes row `Index`, or the marked row when `Index` is 0; the only data row is
-    /// cleared instead.
+    /// Commits an open edit, then removes row `Index`, or the marked row when `Index` is 0; the
+    /// only data row is cleared instead.
     void RemoveItem(int Index = 0);
     /// Removes every data row but one empty one; headers, widths and fixed counts stay.
     void Clear();
@@ -217,7 +233,7 @@ public:
     void ReSetData();
 
     // ---- sorting ------------------------------------------------------------------------------
-    /// Sorts the data rows by `Col` per its `Column.SortType`; `SortNone` alternates
+    /// Commits an open edit, then sorts the data rows by `Col` per its `Column.SortType`; `SortNone` alternates
     /// ascending / descending on repeated calls, the others force the direction. The header
     /// shows an up or down arrow. `Col` < `FixedCols` does nothing.
     void Sort(int Col, VemoGridSortMode SortDirection = SortNone);
@@ -415,11 +431,13 @@ Q_SIGNALS:
     /// A setter changed the property saved (or reported) as `name`.
     void PropertyChanged(const QString& name);
 
-    /// The grid's events, in their declared order. The editor-born ones (`Change`,
-    /// `BeforeDropDown`, `CellComboSelect`, `CellComboClick`, `BtnClick`, `BeforeChange`,
-    /// `CellChanged`, `ValidateError`) come with the cell editors.
+    /// The grid's events, in their declared order. A click on the hosted grid or in the
+    /// editor's text.
     void Click();
+    /// The editor reported a change of its content (the text editor only after its `Value` was
+    /// assigned: the grid loads it through `Text`).
     void Change();
+    /// The list editor is about to drop its list down.
     void BeforeDropDown();
     /// The hosted grid entered a cell; `Value` is always empty.
     void EnterCell(int& Rowsel, int& Colsel, QString& Value);
@@ -427,16 +445,26 @@ Q_SIGNALS:
     /// The hosted grid is leaving the current cell (before the commit).
     void LeaveCell();
     void RowColChange();
+    /// A row of the list editor became selected: its index among the data rows and its text.
     void CellComboSelect(int RowIndex, const QString& Value);
+    /// A list row was committed in the cell (`RowIndex`, `ColIndex`).
     void CellComboClick(int RowIndex, int& ColIndex, QString& Value);
+    /// The button of a button column's editor was pressed.
     void BtnClick(int& RowIndex, int& ColIndex);
+    /// A validated, changed text is about to be stored; `Cancel` keeps the old one. Changing
+    /// `newValue` does not change what is stored.
     void BeforeChange(int Row, int Col, bool& Cancel, QString& newValue);
+    /// The cell took the editor's text.
     void CellChanged(int Row, int Col);
+    /// The editor's `Validate` refused `Value`; the cell keeps its text.
     void ValidateError(int Row, int Col, const QString& Value);
+    /// A key on the hosted grid (raised before the grid acts on it) or in the editor (raised
+    /// after the grid's key handling; Alt+Up/Down then arrive as 0).
     void KeyDown(short& KeyCode, short& Shift);
     void KeyPress(short& KeyAscii);
     void KeyUp(short& KeyCode, short& Shift);
-    /// Button 1/2/4, Shift 1/2/4, x and y in twips of the hosted grid.
+    /// Button 1/2/4, Shift 1/2/4, x and y in twips of the hosted grid (an editor's reports
+    /// are moved by the editor's place, so they are in the grid's twips too).
     void MouseDown(short& Button, short& Shift, float& x, float& y);
     void MouseMove(short& Button, short& Shift, float& x, float& y);
     void MouseUp(short& Button, short& Shift, float& x, float& y);
