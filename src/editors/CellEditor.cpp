@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 
 namespace VemoGridLib {
 
@@ -325,6 +326,8 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event)
     switch (event->type()) {
     case QEvent::KeyPress:
         return fieldKeyPress(static_cast<QKeyEvent*>(event));
+    case QEvent::InputMethod:
+        return fieldInputMethod(static_cast<QInputMethodEvent*>(event));
     case QEvent::KeyRelease:
         fieldKeyRelease(static_cast<QKeyEvent*>(event));
         return false;
@@ -370,6 +373,34 @@ bool CellEditor::fieldKeyPress(QKeyEvent* event)
         return true;
     }
     return false;
+}
+
+bool CellEditor::fieldInputMethod(QInputMethodEvent* event)
+{
+    const QString committed = event->commitString();
+    if (committed.isEmpty() || m_replayingInput)
+        return false;
+    // Text an input method commits arrives without key presses: each character is reported and
+    // filtered as a typed one would be, as typed without Ctrl or Alt.
+    keyDownSeen(0);
+    const quint64 loads = m_loads;
+    QString kept;
+    for (const QChar unit : committed) {
+        short keyAscii = short(unit.unicode());
+        report("CellEditor KeyPress", [&](ICellEventReceiver& host) { host.KeyPress(keyAscii); });
+        if (m_loads != loads)
+            return true;
+        filterKeyPress(keyAscii);
+        if (keyAscii != 0)
+            kept += keyAsciiChar(keyAscii);
+    }
+    if (kept == committed)
+        return false;
+    QInputMethodEvent replaced(event->preeditString(), event->attributes());
+    replaced.setCommitString(kept, event->replacementStart(), event->replacementLength());
+    const QScopedValueRollback<bool> replaying(m_replayingInput, true);
+    QCoreApplication::sendEvent(m_field, &replaced);
+    return true;
 }
 
 void CellEditor::fieldKeyRelease(QKeyEvent* event)

@@ -12,6 +12,7 @@
 
 QT_BEGIN_NAMESPACE
 class QLineEdit;
+class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
 QT_END_NAMESPACE
@@ -145,6 +146,7 @@ protected:
 
 private:
     bool fieldKeyPress(QKeyEvent* event);
+    bool fieldInputMethod(QInputMethodEvent* event);
     void fieldKeyRelease(QKeyEvent* event);
     void fieldMouse(QMouseEvent* event);
     void focusMoved(QWidget* from, QWidget* to);
@@ -155,6 +157,7 @@ private:
     quint64 m_loads = 0;
     QLineEdit* m_field = nullptr;
     bool m_fieldPressed = false;
+    bool m_replayingInput = false;
     int m_alignment = 0;
     int m_appearance = 1;
     int m_borderStyle = 0;

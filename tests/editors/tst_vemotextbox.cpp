@@ -109,6 +109,9 @@ private slots:
         row("numeric, zeroed by the host", eNumeric, Qt::Key_5, none, u"5"_qs, u"12"_qs, 0);
         row("text, replaced above U+7FFF", eTextBox, Qt::Key_A, none, u"a"_qs, u"12ｱ"_qs, -143);
         row("numeric, replaced by a letter", eNumeric, Qt::Key_5, none, u"5"_qs, u"12"_qs, 'a');
+        // Key 0: `typed` is committed by an input method, which sends no key presses.
+        row("numeric, input method", eNumeric, 0, none, u"３4a,5"_qs, u"1245"_qs);
+        row("text, input method", eTextBox, 0, none, u"中文"_qs, u"12中文"_qs);
     }
 
     void keyFilter()
@@ -124,8 +127,14 @@ private slots:
         QTest::keyClick(editor.input, Qt::Key_End, Qt::ControlModifier);
         if (becomes != KeepKeyAscii)
             editor.host.keyAsciiBecomes = short(becomes);
-        QTest::sendKeyEvent(QTest::Click, editor.input, Qt::Key(key), typed,
-                            Qt::KeyboardModifiers(modifiers));
+        if (key == 0) {
+            QInputMethodEvent commit;
+            commit.setCommitString(typed);
+            QApplication::sendEvent(editor.input, &commit);
+        } else {
+            QTest::sendKeyEvent(QTest::Click, editor.input, Qt::Key(key), typed,
+                                Qt::KeyboardModifiers(modifiers));
+        }
         QTEST(editor.box.Text(), "expected");
     }
 
@@ -231,7 +240,7 @@ private slots:
         QCOMPARE(editor.host.calls.count(u"Change"_qs), 0);
         editor.box.setText(u"x"_qs);
         QTest::keyClicks(editor.input, u"y"_qs);
-        QInputMethodEvent commit;
+        QInputMethodEvent commit(u"zhong"_qs, {});
         commit.setCommitString(u"中文"_qs);
         QApplication::sendEvent(editor.input, &commit);
         QCOMPARE(editor.box.Text(), u"xy中文"_qs);
