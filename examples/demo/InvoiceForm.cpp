@@ -16,6 +16,8 @@
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QInputDialog>
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
@@ -40,6 +42,9 @@ enum FormColumn : int {
     ColAmount,
     ColStock,
     ColPage,
+    ColNotes,
+    /// Hidden: the whole note, of which the Notes column shows the first line.
+    ColNoteText,
     ColumnCount,
 };
 
@@ -65,6 +70,8 @@ constexpr std::array<ColumnLayout, ColumnCount> Columns{{
     {"Amount", '>', eCurrency, VemoSortCurrency},
     {"In stock", '>', eLong, VemoSortNumeric},
     {"Product page", '<', ehyperlink, VemoSortStringNoCase},
+    {"Notes", '<', eButton, VemoSortStringNoCase},
+    {"Note text", '<', eTextBox, VemoSortNone},
 }};
 
 /// OLE colours, 0x00BBGGRR: white and pale blue bands, a warm grey for what the user cannot
@@ -88,6 +95,18 @@ constexpr int MarkerColumnPx = 18;
 constexpr int GridMarginTwips = 60;
 /// Slack against the rounding of twips to pixels, so that the sample rows need no scroll bar.
 constexpr int SlackPx = 4;
+/// The Notes column shows this much of a note's first line.
+constexpr int NotePreviewLength = 30;
+/// The quantities a clerk may enter; anything else is refused with ValidateError.
+constexpr double MaxQuantity = 10'000;
+
+/// What the user can do, above the grid; UTF-8.
+constexpr const char* HintText =
+    "Click a cell, or move to it with the arrows, and type. Enter keeps the entry and moves on "
+    "(after the last cell it adds a row); Esc puts the cell's text back.\n"
+    "Space ticks Paid · … in Notes opens the whole note · a click on a link opens it in the "
+    "browser · Alt+↑/↓ or the wheel scrolls · the amount follows price and quantity · dates "
+    "have no editor yet.";
 
 QString header(int col)
 {
@@ -105,6 +124,16 @@ QString formatString()
 QString rowsText(int rows)
 {
     return rows == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(rows);
+}
+
+/// The Notes cell of `note`: its first line, cut short.
+QString notePreview(const QString& note)
+{
+    const QString trimmed = note.trimmed();
+    const QString first = trimmed.section(QLatin1Char('\n'), 0, 0).trimmed();
+    if (first.size() <= NotePreviewLength && first.size() == trimmed.size())
+        return first;
+    return first.left(NotePreviewLength).trimmed() + QStringLiteral("…");
 }
 
 /// `value` in column `col`'s own number format.
@@ -140,7 +169,10 @@ InvoiceForm::InvoiceForm(QWidget* parent)
     buttons->addStretch();
     buttons->addWidget(exportButton);
     m_status->setSizeGripEnabled(false);
+    auto* hint = new QLabel(QString::fromUtf8(HintText), this);
+    hint->setForegroundRole(QPalette::PlaceholderText);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(hint);
     layout->addWidget(m_grid, 1);
     layout->addLayout(buttons);
     layout->addWidget(m_status);
@@ -160,6 +192,19 @@ InvoiceForm::InvoiceForm(QWidget* parent)
     connect(clearButton, &QPushButton::clicked, this, &InvoiceForm::clearRows);
     connect(exportButton, &QPushButton::clicked, this, &InvoiceForm::exportToExcel);
     connect(m_grid, &VemoGrid::Click, this, &InvoiceForm::onClick);
+    // Enter in the last cell adds a row, and every move marks the row: the status follows.
+    connect(m_grid, &VemoGrid::EnterCell, this, [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { showStatus(); }, Qt::QueuedConnection);
+    });
+    connect(m_grid, &VemoGrid::CellChanged, this, &InvoiceForm::onCellChanged);
+    connect(m_grid, &VemoGrid::ValidateError, this, &InvoiceForm::onValidateError);
+    connect(m_grid, &VemoGrid::BtnClick, this, [this](int& row, int&) {
+        // The editor reports its button from inside its own mouse handling: the dialog waits
+        // until that is done.
+        QMetaObject::invokeMethod(
+            this, [this, row] { editNote(row); }, Qt::QueuedConnection);
+    });
     m_grid->setFocus();
     showStatus(QStringLiteral("Click a header to sort, a row to mark it."));
 }
@@ -200,6 +245,8 @@ void InvoiceForm::setUpColumns()
     m_grid->Column(ColDate)->setFormatString(QStringLiteral("yyyy-mm-dd"));
     m_grid->Column(ColQuantity)->setDecimalLength(2);
     m_grid->Column(ColQuantity)->setFormatString(QStringLiteral("#,##0.00"));
+    m_grid->Column(ColQuantity)->setMinValue(0);
+    m_grid->Column(ColQuantity)->setMaxValue(MaxQuantity);
     m_grid->Column(ColAmount)->setLocked(true);
     m_grid->Column(ColStock)->setFormatString(QStringLiteral("#,##0"));
 
@@ -234,6 +281,8 @@ void InvoiceForm::fill()
             formatted(*m_grid, ColQuantity, double(line.quantityHundredths) / 100));
         m_grid->setTextMatrix(row, ColStock, formatted(*m_grid, ColStock, line.inStock));
         m_grid->setTextMatrix(row, ColPage, pageBase + QString::fromLatin1(line.sku));
+        if (line.notes)
+            setNote(row, QString::fromUtf8(line.notes));
     }
     m_grid->setRedraw(true);
 }
@@ -256,7 +305,9 @@ void InvoiceForm::fitColumns()
     const QFontMetrics headerMetrics(m_grid->FontFixed());
     const FlexGrid* flex = m_grid->hostedGrid();
     m_grid->setCOLWIDTH(ColMarker, pixelsToTwipsX(MarkerColumnPx, m_grid));
-    for (int col = m_grid->FixedCols(); col < m_grid->Cols(); ++col) {
+    // The whole notes stay out of sight: a column this narrow is also one the arrows skip.
+    m_grid->setCOLWIDTH(ColNoteText, 0);
+    for (int col = m_grid->FixedCols(); col < ColNoteText; ++col) {
         int widest = headerMetrics.horizontalAdvance(header(col)) + 2 * ArrowRoomPx;
         // A check box cell's text is its hidden marker; the box is narrower than the header.
         if (m_grid->ColType(col) != eCheckBox) {
@@ -334,12 +385,59 @@ void InvoiceForm::exportToExcel()
                    : QStringLiteral("Could not write %1.").arg(QDir::toNativeSeparators(file)));
 }
 
+void InvoiceForm::setNote(int row, const QString& note)
+{
+    m_grid->setTextMatrix(row, ColNoteText, note);
+    m_grid->setTextMatrix(row, ColNotes, notePreview(note));
+}
+
+void InvoiceForm::editNote(int row)
+{
+    if (row >= m_grid->Rows())
+        return;
+    const QString product = m_grid->TextMatrix(row, ColProduct);
+    bool ok = false;
+    const QString note = QInputDialog::getMultiLineText(
+        this, QStringLiteral("Notes"),
+        product.isEmpty() ? QStringLiteral("Notes on row %1:").arg(row)
+                          : QStringLiteral("Notes on %1:").arg(product),
+        m_grid->TextMatrix(row, ColNoteText), &ok);
+    // The dialog's own event loop may have let rows go meanwhile.
+    if (!ok || row >= m_grid->Rows())
+        return;
+    setNote(row, note);
+    showStatus(QStringLiteral("Noted on row %1.").arg(row));
+}
+
+void InvoiceForm::onCellChanged(int row, int col)
+{
+    // A note typed straight into the Notes cell replaces the whole note.
+    if (col == ColNotes)
+        m_grid->setTextMatrix(row, ColNoteText, m_grid->TextMatrix(row, col));
+    // The grid computes the amount once the edit is stored: the total is read after that.
+    const QString action = QStringLiteral("Changed %1 in row %2.").arg(header(col)).arg(row);
+    QMetaObject::invokeMethod(
+        this, [this, action] { showStatus(action); }, Qt::QueuedConnection);
+}
+
+void InvoiceForm::onValidateError(int row, int col, const QString& value)
+{
+    const QString kept = m_grid->TextMatrix(row, col);
+    showStatus(QStringLiteral("%1 in row %2: “%3” is not accepted; %4.")
+                   .arg(header(col))
+                   .arg(row)
+                   .arg(value, kept.isEmpty() ? QStringLiteral("the cell stays empty")
+                                              : QStringLiteral("the cell keeps %1").arg(kept)));
+}
+
 void InvoiceForm::onClick()
 {
     const int col = m_grid->MouseCol();
     const bool onHeader = m_grid->MouseRow() < m_grid->FixedRows() && col >= m_grid->FixedCols();
-    if (onHeader && m_grid->Sortable() && m_grid->Column(col)->SortType() != VemoSortNone)
+    if (onHeader && m_grid->Sortable() && m_grid->Column(col)->SortType() != VemoSortNone) {
         followSort(col);
+        m_action.clear();
+    }
     // The grid sorts or marks the row only after raising Click: read its state once it has.
     QMetaObject::invokeMethod(
         this, [this] { showStatus(); }, Qt::QueuedConnection);
@@ -347,6 +445,8 @@ void InvoiceForm::onClick()
 
 void InvoiceForm::showStatus(const QString& action)
 {
+    if (!action.isEmpty())
+        m_action = action;
     double total = 0;
     for (int row = m_grid->FixedRows(); row < m_grid->Rows(); ++row) {
         const QString amount = m_grid->TextMatrix(row, ColAmount);
@@ -354,8 +454,8 @@ void InvoiceForm::showStatus(const QString& action)
             total += vb::CDbl(amount);
     }
     QStringList parts;
-    if (!action.isEmpty())
-        parts << action;
+    if (!m_action.isEmpty())
+        parts << m_action;
     parts << QStringLiteral("%1, total %2")
                  .arg(rowsText(m_grid->Rows() - m_grid->FixedRows()),
                       vb::Format(total, QStringLiteral("#,##0.00")));

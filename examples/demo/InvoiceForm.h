@@ -13,10 +13,12 @@ class VemoGrid;
 }
 
 /// A purchase ledger in a VemoGrid: one typed column per kind of entry (numbered, check box,
-/// date, text, currency, numeric, long, hyperlink), banded rows, read-only colours, an amount
-/// column the grid computes from price × quantity, and header clicks that sort by the column's
-/// own sort type. Buttons below add, remove and clear rows and export the table to Excel; the
-/// status line shows the row count, the marked row and the sort order.
+/// date, text, currency, numeric, long, hyperlink, button), banded rows, read-only colours, an
+/// amount column the grid computes from price × quantity, and header clicks that sort by the
+/// column's own sort type. The user types into the cells; the Notes column's button opens the
+/// row's whole note in a dialog. A hint line above the grid tells what the keys do; buttons
+/// below add, remove and clear rows and export the table to Excel; the status line shows the
+/// last action (a refused entry among them), the row count, the marked row and the sort order.
 class InvoiceForm : public QWidget
 {
     Q_OBJECT
@@ -41,12 +43,21 @@ private:
     void removeRow();
     void clearRows();
     void exportToExcel();
+    /// Keeps `note` in the hidden note column and its first line in the Notes cell.
+    void setNote(int row, const QString& note);
+    /// The Notes button: edits the row's note in a dialog.
+    void editNote(int row);
+    void onCellChanged(int row, int col);
+    void onValidateError(int row, int col, const QString& value);
     void onClick();
-    /// Shows `action` (if any) and the grid's state: rows, total, marked row, sort order.
+    /// Shows `action` (if given, else the last one) and the grid's state: rows, total, marked
+    /// row, sort order.
     void showStatus(const QString& action = QString());
 
     VemoGridLib::VemoGrid* m_grid;
     QStatusBar* m_status;
+    /// The last action shown; a click that only moves the marker keeps it in the status line.
+    QString m_action;
     /// The grid keeps its sort order to itself; this mirrors it for the status line, following
     /// the same rules: a new column sorts ascending, the same one again reverses, and row
     /// removal and Clear take the sort mark away.

@@ -21,6 +21,8 @@ struct StockLine
     qint64 quantityHundredths;
     int inStock;
     bool paid;
+    /// The clerk's notes on the line, UTF-8; most lines have none.
+    const char* notes = nullptr;
 };
 
 /// The sample lines, in the order they were entered (not in date order).

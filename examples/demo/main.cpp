@@ -1,22 +1,50 @@
 // SPDX-License-Identifier: MIT
 // vemo-demo: the VemoGridLib demo application. `--screenshot FILE` renders the window without
-// showing it (also on the offscreen platform), writes it to FILE as a PNG and exits.
+// showing it (also on the offscreen platform), with a cell editor open on the form, writes it to
+// FILE as a PNG and exits.
 #include "DemoWindow.h"
 #include "InvoiceListView.h"
 
+#include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/Messages.h>
+#include <VemoGridLib/Twips.h>
+#include <VemoGridLib/VemoGrid.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QTextStream>
 
 namespace {
 
+/// Clicks the middle of the form's current cell, as a user would, which opens its editor.
+void clickCurrentCell(const DemoWindow& window)
+{
+    using namespace VemoGridLib;
+    auto* grid = window.findChild<VemoGrid*>();
+    if (!grid)
+        return;
+    QWidget* viewport = grid->hostedGrid()->viewport();
+    // The cell's place is in twips of the grid; the viewport sits inside the hosted grid's frame.
+    const QPoint centre = QPoint(twipsToPixelsX(grid->CellLeft() + grid->CellWidth() / 2, grid),
+                                 twipsToPixelsY(grid->CellTop() + grid->CellHeight() / 2, grid)) -
+                          viewport->pos();
+    const QPoint global = viewport->mapToGlobal(centre);
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, centre, global, Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(viewport, &event);
+    }
+}
+
 int writeScreenshot(DemoWindow& window, const QString& file)
 {
     window.setAttribute(Qt::WA_DontShowOnScreen);
     window.show();
+    QApplication::processEvents();
+    clickCurrentCell(window);
     QApplication::processEvents();
     if (!window.grab().save(file, "PNG")) {
         QTextStream(stderr) << "vemo-demo: cannot write " << file << Qt::endl;
