@@ -204,13 +204,8 @@ OleColor CellEditor::BackColor() const
 void CellEditor::setBackColor(OleColor color)
 {
     m_backColor = color;
-    QWidget* const surface = m_field ? static_cast<QWidget*>(m_field) : this;
-    QPalette palette = surface->palette();
-    const QColor painted = toQColor(color, palette);
-    palette.setColor(QPalette::Base, painted);
-    palette.setColor(QPalette::Window, painted);
-    surface->setPalette(palette);
-    surface->setAutoFillBackground(true);
+    paintSurface(QPalette::Base, QPalette::Window, color);
+    (m_field ? static_cast<QWidget*>(m_field) : this)->setAutoFillBackground(true);
 }
 
 OleColor CellEditor::ForeColor() const
@@ -221,11 +216,21 @@ OleColor CellEditor::ForeColor() const
 void CellEditor::setForeColor(OleColor color)
 {
     m_foreColor = color;
+    paintSurface(QPalette::Text, QPalette::WindowText, color);
+}
+
+void CellEditor::paintSurface(QPalette::ColorRole fieldRole, QPalette::ColorRole ownRole,
+                              OleColor color)
+{
+    // The text field carries the colours where there is one, the control's surface otherwise.
     QWidget* const surface = m_field ? static_cast<QWidget*>(m_field) : this;
     QPalette palette = surface->palette();
     const QColor painted = toQColor(color, palette);
-    palette.setColor(QPalette::Text, painted);
-    palette.setColor(QPalette::WindowText, painted);
+    // The grid loads an editor on every cell: an unchanged palette is not set again.
+    if (palette.color(fieldRole) == painted && palette.color(ownRole) == painted)
+        return;
+    palette.setColor(fieldRole, painted);
+    palette.setColor(ownRole, painted);
     surface->setPalette(palette);
 }
 

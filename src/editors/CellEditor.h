@@ -6,6 +6,7 @@
 #include <VemoGridLib/OleColor.h>
 #include <VemoGridLib/VemoGridLibExport.h>
 
+#include <QPalette>
 #include <QPointer>
 #include <QVariant>
 #include <QWidget>
@@ -151,6 +152,8 @@ private:
     void fieldMouse(QMouseEvent* event);
     void focusMoved(QWidget* from, QWidget* to);
     bool contains(const QWidget* widget) const;
+    /// Sets both palette roles of the editor's surface to `color`.
+    void paintSurface(QPalette::ColorRole fieldRole, QPalette::ColorRole ownRole, OleColor color);
 
     QPointer<VemoGridLib::Column> m_column;
     ICellEventReceiver* m_receiver = nullptr;
