@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // VemoBtnTxt: the strip left for the button, the press and its ButtonClick, the focus that a
 // press leaves in the text field, and the Change reports.
-#include <VemoGridLib/ICellEventReceiver.h>
 #include <VemoGridLib/VemoBtnTxt.h>
+
+#include "RecordingReceiver.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -10,36 +11,7 @@
 #include <QTest>
 #include <QThread>
 
-#include <functional>
-
 using namespace VemoGridLib;
-
-namespace {
-
-// Records the reports by name; `onButtonClick` runs inside ButtonClick.
-struct Recorder : ICellEventReceiver
-{
-    QStringList log;
-    std::function<void()> onButtonClick = [] {
-    };
-
-    void Change() override { log << "Change"; }
-    void BeforeDropDown() override { log << "BeforeDropDown"; }
-    void CellComboSelect(int, const QString&) override { log << "CellComboSelect"; }
-    void CellComboClick(const QString&) override { log << "CellComboClick"; }
-    void Click() override { log << "Click"; }
-    void DblClick() override { log << "DblClick"; }
-    void KeyDown(short&, short&) override { log << "KeyDown"; }
-    void KeyPress(short&) override { log << "KeyPress"; }
-    void KeyUp(short&, short&) override { log << "KeyUp"; }
-    void MouseDown(short&, short&, float&, float&) override { log << "MouseDown"; }
-    void MouseMove(short&, short&, float&, float&) override { log << "MouseMove"; }
-    void MouseUp(short&, short&, float&, float&) override { log << "MouseUp"; }
-    void ButtonClick() override { log << "ButtonClick", onButtonClick(); }
-    void ExitLocus() override { log << "ExitLocus"; }
-};
-
-} // namespace
 
 class tst_VemoBtnTxt : public QObject
 {
@@ -49,7 +21,7 @@ class tst_VemoBtnTxt : public QObject
     QPointer<QWidget> form;
     QPointer<VemoBtnTxt> editor;
     QPointer<QLineEdit> other;
-    Recorder host;
+    VemoTest::RecordingReceiver host;
 
     QLineEdit* field() { return editor->findChild<QLineEdit*>("txtInput"); }
     QPoint strip() { return QPoint(editor->width() - 5, editor->height() / 2); }
@@ -71,7 +43,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(form));
         editor->setEventReceiver(&host);
         field()->setFocus();
-        host = Recorder();
+        host = VemoTest::RecordingReceiver();
     }
     void cleanup() { delete form; }
 
@@ -138,21 +110,21 @@ private slots:
             QTest::mouseClick(editor, Qt::LeftButton, {}, strip());
         else
             QTest::mouseClick(other, Qt::LeftButton);
-        QCOMPARE(host.log.count("ExitLocus"), exitLoci);
+        QCOMPARE(host.count("ExitLocus"), exitLoci);
         QCOMPARE(QApplication::focusWidget() == field(), toStrip);
     }
 
     void changeReports()
     {
         QTest::keyClicks(field(), "a,");
-        QCOMPARE(host.log.count("Change"), 2);
-        QCOMPARE(host.log.count("KeyPress"), 2);
+        QCOMPARE(host.count("Change"), 2);
+        QCOMPARE(host.count("KeyPress"), 2);
         QCOMPARE(editor->Text(), "a,");
         editor->setValue(12.5);
         QCOMPARE(editor->Value(), QVariant("12.5"));
-        QCOMPARE(host.log.count("Change"), 2);
+        QCOMPARE(host.count("Change"), 2);
         editor->setText("b");
-        QCOMPARE(host.log.count("Change"), 3);
+        QCOMPARE(host.count("Change"), 3);
     }
 };
 
