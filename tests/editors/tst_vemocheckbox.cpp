@@ -130,7 +130,7 @@ private slots:
         for (int toggle = 1; toggle <= 3; ++toggle) {
             toggle == 2 ? QTest::mouseClick(box, Qt::LeftButton)
                         : QTest::keyClick(box, Qt::Key_Space);
-            QCOMPARE(host.count("Change"), toggle);
+            QCOMPARE(host.log.count("Change"), toggle);
             const bool checked = toggle % 2 == 0;
             QCOMPARE(box->Value().toBool(), checked);
             QCOMPARE(picture("imgChecked")->isVisible(), checked);

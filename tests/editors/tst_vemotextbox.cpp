@@ -124,9 +124,7 @@ private slots:
                             double max = 1e16) {
             QTest::newRow(name) << type << decimals << min << max << text << valid << expected;
         };
-        row("long, 1.5", eLong, u"1.5"_qs, true, u"2"_qs);
         row("long, half to even", eLong, u"2.5"_qs, true, u"2"_qs);
-        row("2 places, 0.5", eNumeric, u"0.5"_qs, true, u"0.5"_qs, 2);
         row("2 places, 1.005", eNumeric, u"1.005"_qs, true, u"1"_qs, 2);
         row("2 places, -.5", eNumeric, u"-.5"_qs, true, u"-0.5"_qs, 2);
         row("currency", eCurrency, u"1234.5"_qs, true, u"1,234.50"_qs);
@@ -207,16 +205,16 @@ private slots:
         Editor editor(eTextBox);
         QTest::keyClicks(editor.input, u"a"_qs);
         editor.box.setValue(5);
-        QCOMPARE(editor.host.count(u"Change"_qs), 0);
+        QCOMPARE(editor.host.log.count(u"Change"_qs), 0);
         editor.box.setText(u"x"_qs);
         QTest::keyClicks(editor.input, u"y"_qs);
         QInputMethodEvent commit(u"zhong"_qs, {});
         commit.setCommitString(u"中文"_qs);
         QApplication::sendEvent(editor.input, &commit);
         QCOMPARE(editor.box.Text(), u"xy中文"_qs);
-        QCOMPARE(editor.host.count(u"Change"_qs), 3);
+        QCOMPARE(editor.host.log.count(u"Change"_qs), 3);
         editor.box.setValue(u"7"_qs);
-        QCOMPARE(editor.host.count(u"Change"_qs), 3);
+        QCOMPARE(editor.host.log.count(u"Change"_qs), 3);
     }
 
     void exitLocusOnceWhenFocusLeaves()
@@ -229,9 +227,9 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&window));
         editor.input->setFocus();
         other->setFocus();
-        QCOMPARE(editor.host.count(u"ExitLocus"_qs), 1);
+        QCOMPARE(editor.host.log.count(u"ExitLocus"_qs), 1);
         third->setFocus();
-        QCOMPARE(editor.host.count(u"ExitLocus"_qs), 1);
+        QCOMPARE(editor.host.log.count(u"ExitLocus"_qs), 1);
     }
 
     void withoutReceiver()

@@ -6,7 +6,6 @@
 
 #include <QStringList>
 
-#include <algorithm>
 #include <functional>
 
 namespace VemoTest {
@@ -23,14 +22,6 @@ struct RecordingReceiver : VemoGridLib::ICellEventReceiver
     QStringList log;
     Hook onKeyDown = leaveAlone, onKeyPress = leaveAlone, onMouseDown = leaveAlone;
     std::function<void()> onButtonClick = doNothing;
-
-    /// How many reports named `name` were logged, whatever their arguments.
-    qsizetype count(const QString& name) const
-    {
-        return std::count_if(log.cbegin(), log.cend(), [&](const QString& entry) {
-            return entry.section(' ', 0, 0) == name;
-        });
-    }
 
     void Change() override { note("Change"); }
     void BeforeDropDown() override { note("BeforeDropDown"); }
