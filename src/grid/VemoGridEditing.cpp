@@ -95,6 +95,7 @@ bool EditingSession::hasFocusWithin(const CellEditor* editor)
 
 void EditingSession::load(CellEditor* editor, int row, int col)
 {
+    const QScopedValueRollback<bool> loading(m_loading, true);
     FlexGrid* const flex = g.flex;
     VemoGridLib::Column* const column = g.column(col);
     editor->setEventReceiver(this);
@@ -192,6 +193,16 @@ void EditingSession::followCell()
                        [this] { catchingErrors("VemoGrid commit", [this] { commit(); }); });
 }
 
+void EditingSession::cellWritten(int row, int col)
+{
+    if (!m_active || row != m_row || col != m_col)
+        return;
+    const QScopedValueRollback<bool> loading(m_loading, true);
+    m_active->setText(g.flex->TextMatrix(row, col));
+    m_active->setSelStart(0);
+    m_active->setSelLength(int(m_active->Text().size()));
+}
+
 void EditingSession::updateLinkPointer()
 {
     FlexGrid* const flex = g.flex;
@@ -280,7 +291,8 @@ void EditingSession::editorLostFocus(CellEditor* editor)
 
 void EditingSession::Change()
 {
-    Q_EMIT g.q->Change();
+    if (!m_loading)
+        Q_EMIT g.q->Change();
 }
 
 void EditingSession::BeforeDropDown()

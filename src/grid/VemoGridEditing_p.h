@@ -59,6 +59,9 @@ public:
     /// The hosted grid's layout changed: the open editor follows its cell, or is committed
     /// when the cell went out of view.
     void followCell();
+    /// A program wrote cell (`row`, `col`): when it is the edited one, the editor shows the new
+    /// text, so that the commit does not put the old one back.
+    void cellWritten(int row, int col);
     /// The link pointer over hyperlink cells with text (MouseMove of the hosted grid).
     void updateLinkPointer();
 
@@ -128,6 +131,8 @@ private:
     int m_col = 0;
     bool m_placing = false;
     bool m_committing = false;
+    /// Set while the grid itself fills the editor: that is no change by the user.
+    bool m_loading = false;
 };
 
 } // namespace VemoGridLib

@@ -182,33 +182,39 @@ QString VemoGrid::TextMatrix(int Row, int Col) const
 
 void VemoGrid::setTextMatrix(int Row, int Col, const QString& value)
 {
-    VemoGridLib::Column* const column = d->column(Col);
+    d->writeTyped(Row, Col, value);
+    d->editing.cellWritten(Row, Col);
+}
+
+void VemoGridPrivate::writeTyped(int Row, int Col, const QString& value)
+{
+    VemoGridLib::Column* const column = this->column(Col);
     switch (column->colType()) {
     case eCheckBox:
         if (value == QLatin1String("0") || value == QLatin1String("False"))
-            setcgChecked(Row, Col, false);
+            writeChecked(Row, Col, false);
         else if (value == QLatin1String("-1") || value == QLatin1String("True"))
-            setcgChecked(Row, Col, true);
+            writeChecked(Row, Col, true);
         return;
     case eCalendar:
         if (!vb::IsDate(value))
             return;
-        d->flex->setTextMatrix(Row, Col,
-                               column->FormatString().isEmpty()
-                                   ? value
-                                   : vb::Format(vb::CDate(value), column->FormatString()));
+        flex->setTextMatrix(Row, Col,
+                            column->FormatString().isEmpty()
+                                ? value
+                                : vb::Format(vb::CDate(value), column->FormatString()));
         return;
     case ehyperlink: {
-        const auto suppressed = d->suppressEventsInScope();
-        d->flex->setRow(Row);
-        d->flex->setCol(Col);
-        d->flex->setCellFontUnderline(true);
-        d->flex->setCellForeColor(HyperlinkColour);
-        d->flex->setText(value);
+        const auto suppressed = suppressEventsInScope();
+        flex->setRow(Row);
+        flex->setCol(Col);
+        flex->setCellFontUnderline(true);
+        flex->setCellForeColor(HyperlinkColour);
+        flex->setText(value);
         return;
     }
     default:
-        d->flex->setTextMatrix(Row, Col, value);
+        flex->setTextMatrix(Row, Col, value);
     }
 }
 
@@ -230,6 +236,7 @@ bool VemoGrid::cgChecked(int Row, int Col) const
 void VemoGrid::setcgChecked(int Row, int Col, bool checked)
 {
     d->writeChecked(Row, Col, checked);
+    d->editing.cellWritten(Row, Col);
 }
 
 } // namespace VemoGridLib

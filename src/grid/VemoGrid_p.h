@@ -211,6 +211,8 @@ public:
     // ---- row operations (VemoGridRows.cpp) ------------------------------------------------------
     /// The empty-line rule: no data column of `row` is filled (a check box only by ".").
     bool rowIsEmpty(int row) const;
+    /// The typed cell write of `TextMatrix` (check boxes, dates, hyperlinks, plain text).
+    void writeTyped(int Row, int Col, const QString& value);
     /// Writes `value` into a check-box cell as its marker and redraws the box.
     void writeChecked(int row, int col, bool checked);
 

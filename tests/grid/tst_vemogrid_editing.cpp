@@ -12,11 +12,13 @@
 #include "MessageRecorder.h"
 #include "VemoGridTestSupport.h"
 
+#include <QDialog>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QRandomGenerator>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 using namespace VemoGridLib;
 using namespace VemoTest;
@@ -462,6 +464,36 @@ private slots:
         QTest::keyClicks(focused(), QStringLiteral("2.5"));
         press(Qt::Key_Return);
         QCOMPARE(g.TextMatrix(1, 3), QStringLiteral("7.5"));
+    }
+
+    void btnClickHandlerWritesTheCell_data()
+    {
+        QTest::addColumn<bool>("dialog");
+        QTest::newRow("directly") << false;
+        QTest::newRow("after a modal dialog") << true; // it takes the focus: a commit first
+    }
+    void btnClickHandlerWritesTheCell()
+    {
+        // What the handler writes into the edited cell is what the cell keeps.
+        QFETCH(bool, dialog);
+        VemoGrid& g = makeGrid(QStringLiteral("|Notes|B"));
+        g.setColType(1, eButton);
+        connect(&g, &VemoGrid::BtnClick, this, [&](int& row, int& col) {
+            QDialog box(&g);
+            QTimer::singleShot(0, &box, &QDialog::accept);
+            if (dialog)
+                box.exec();
+            g.setTextMatrix(row, col, QStringLiteral("from the handler"));
+        });
+        clickCell(g, 1, 1);
+        QTest::keyClicks(focused(), QStringLiteral("typed"));
+        CellEditor* const editor = openEditor(g);
+        QTest::mouseClick(editor, Qt::LeftButton, {}, QPoint(editor->width() - 3, 5));
+        g.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&g));
+        QVERIFY(g.isAncestorOf(focused()));
+        press(Qt::Key_Return);
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("from the handler"));
     }
 
     void randomInputKeepsEveryCellValid()
