@@ -40,6 +40,12 @@ int editorAlignment(int columnAlignment)
 
 } // namespace
 
+void selectWholeText(CellEditor& editor)
+{
+    editor.setSelStart(0);
+    editor.setSelLength(int(editor.Text().size()));
+}
+
 EditingSession::EditingSession(VemoGridPrivate& grid)
     : g(grid)
 {}
@@ -136,6 +142,10 @@ void EditingSession::showEditor()
     if (g.suppressEvents || !g.editEnable || !g.userMode || row < flex->FixedRows() ||
         col < flex->FixedCols() || row >= flex->Rows() || col >= flex->Cols())
         return;
+    // An editor still open on another cell (the grid's own work moved the current cell) ends
+    // there first.
+    if (m_active && (m_row != row || m_col != col))
+        commit();
     if (!m_active) {
         const VemoGridLib::Column* const column = g.columnOrNull(col);
         CellEditor* const editor = column ? editorFor(column->colType()) : nullptr;
@@ -148,8 +158,7 @@ void EditingSession::showEditor()
     }
     place();
     CellEditor* const editor = m_active;
-    editor->setSelStart(0);
-    editor->setSelLength(int(editor->Text().size()));
+    selectWholeText(*editor);
     editor->raise();
     editor->show();
     editor->setLunarCalendar(g.lunarCalendar);
@@ -183,7 +192,7 @@ void EditingSession::followCell()
 {
     if (!m_active || m_placing)
         return;
-    const QRect cell = g.cells.cellRect(g.flex->Row(), g.flex->Col());
+    const QRect cell = g.cells.cellRect(m_row, m_col);
     if (!cell.isEmpty() && g.cells.scrolledArea().contains(cell)) {
         m_active->setGeometry(cell);
         return;
@@ -199,8 +208,7 @@ void EditingSession::cellWritten(int row, int col)
         return;
     const QScopedValueRollback<bool> loading(m_loading, true);
     m_active->setText(g.flex->TextMatrix(row, col));
-    m_active->setSelStart(0);
-    m_active->setSelLength(int(m_active->Text().size()));
+    selectWholeText(*m_active);
 }
 
 void EditingSession::updateLinkPointer()

@@ -18,6 +18,9 @@ namespace VemoGridLib {
 class CellEditor;
 class VemoGridPrivate;
 
+/// Selects the editor's whole text, as a freshly loaded editor shows it.
+void selectWholeText(CellEditor& editor);
+
 /// The session between a VemoGrid and its cell editors. One hidden editor of each kind is
 /// created with the grid (`VemoTextBox1`, `VemoCheckBox1`, `VemoComboBox1`, `VemoDTPicker1`,
 /// `VemoBtnTxt1`; a kind whose editor the library does not have yet opens none). When a data

@@ -147,9 +147,8 @@ bool EditingSession::handleKey(short& keyCode, short& shift, CellEditor* source)
     }
     if (keyCode == vbKeyEscape && source && source->hasTextField()) {
         // Esc puts back the text the cell had when the edit began; the edit goes on.
-        source->setText(g.flex->TextMatrix(g.flex->Row(), g.flex->Col()));
-        source->setSelStart(0);
-        source->setSelLength(int(source->Text().size()));
+        source->setText(g.flex->TextMatrix(m_row, m_col));
+        selectWholeText(*source);
         return false;
     }
     if (!isMoveKey(keyCode) || (m_active && m_active->IsDropDown()))
