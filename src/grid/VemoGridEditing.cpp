@@ -177,15 +177,18 @@ void EditingSession::clickDataCell()
 {
     if (m_active)
         g.leaveCellContained();
-    FlexGrid* const flex = g.flex;
-    const int row = flex->Row();
-    const int col = flex->Col();
-    const QString text = flex->TextMatrix(row, col);
-    if (g.typeOf(col) == ehyperlink && !vb::Trim(text).isEmpty()) {
-        shellOpen(text);
+    const int row = g.flex->Row();
+    const int col = g.flex->Col();
+    if (isLink(row, col)) {
+        shellOpen(g.flex->TextMatrix(row, col));
         return;
     }
     showEditor();
+}
+
+bool EditingSession::isLink(int row, int col) const
+{
+    return g.typeOf(col) == ehyperlink && !vb::TrimmedView(g.cells.text(row, col)).isEmpty();
 }
 
 void EditingSession::followCell()

@@ -108,6 +108,8 @@ private:
     void editorLostFocus(CellEditor* editor);
     /// True when the focus is in `editor` or one of its parts.
     static bool hasFocusWithin(const CellEditor* editor);
+    /// A hyperlink cell with more than blanks: it opens through the shell and is not edited.
+    bool isLink(int row, int col) const;
     /// Moves to (`row`, `col`): leave, move with one EnterCell, then as a click (no shell).
     void moveTo(int row, int col);
     /// The targets of the move keys; nothing when the key does not move.

@@ -91,32 +91,15 @@ bool EditingSession::enterTarget(int& row, int& col)
 
 bool EditingSession::moveTarget(short keyCode, int& row, int& col)
 {
-    int found = -1;
-    switch (keyCode) {
-    case vbKeyUp:
-        found = nextShownRow(row, -1);
-        if (found >= 0)
-            row = found;
-        break;
-    case vbKeyDown:
-        found = nextShownRow(row, 1);
-        if (found >= 0)
-            row = found;
-        break;
-    case vbKeyLeft:
-        found = nextEnterableCol(col, -1);
-        if (found >= 0)
-            col = found;
-        break;
-    case vbKeyRight:
-        found = nextEnterableCol(col, 1);
-        if (found >= 0)
-            col = found;
-        break;
-    default:
+    if (keyCode == vbKeyReturn)
         return enterTarget(row, col);
-    }
-    return found >= 0;
+    const bool vertical = keyCode == vbKeyUp || keyCode == vbKeyDown;
+    const int step = keyCode == vbKeyUp || keyCode == vbKeyLeft ? -1 : 1;
+    const int found = vertical ? nextShownRow(row, step) : nextEnterableCol(col, step);
+    if (found < 0)
+        return false;
+    (vertical ? row : col) = found;
+    return true;
 }
 
 void EditingSession::moveTo(int row, int col)
@@ -127,7 +110,7 @@ void EditingSession::moveTo(int row, int col)
     g.leaveAlreadyDone = false;
     g.hostedEnterCell();
     g.moveMarker(row);
-    if (g.typeOf(col) == ehyperlink && !g.cells.text(row, col).trimmed().isEmpty()) {
+    if (isLink(row, col)) {
         hideEditor();
         return;
     }
