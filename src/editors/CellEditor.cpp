@@ -283,6 +283,11 @@ void CellEditor::keyDownSeen(short)
 {
 }
 
+bool CellEditor::handleKeyDown(short, short)
+{
+    return false;
+}
+
 void CellEditor::filterKeyPress(short&)
 {
 }
@@ -357,8 +362,9 @@ bool CellEditor::fieldKeyPress(QKeyEvent* event)
     keyDownSeen(shift);
     if (keyCode != 0) {
         report("CellEditor KeyDown", [&](ICellEventReceiver& host) { host.KeyDown(keyCode, shift); });
-        // The host moved on to another cell, or cancelled the key: it is not the field's.
-        if (m_loads != loads || keyCode == 0)
+        // The host moved on to another cell or cancelled the key, or the editor took it: it is
+        // not the field's.
+        if (m_loads != loads || keyCode == 0 || handleKeyDown(keyCode, shift))
             return true;
     }
     short keyAscii = vbKeyAscii(event);

@@ -127,6 +127,10 @@ protected:
     /// Hooks for editors with a text field, in the order the field's input reaches them.
     /// A key went down with `shift`, before it is reported.
     virtual void keyDownSeen(short shift);
+    /// The editor's own reaction to a key that went down, after the receiver saw it as
+    /// `KeyDown` and left `keyCode` non-zero (a drop-down list moves its row, say). True
+    /// swallows the key: the text field does not get it and no `KeyPress` follows.
+    virtual bool handleKeyDown(short keyCode, short shift);
     /// The character `keyAscii`, as the receiver left it, is about to be typed: set it to 0 to
     /// swallow it.
     virtual void filterKeyPress(short& keyAscii);

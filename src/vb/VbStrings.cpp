@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "vb/VbStrings.h"
+#include "vb/VbStrings_p.h"
 
 #include "common/VemoError.h"
 
@@ -76,6 +77,14 @@ int textCompareInStr(int start, const QString& s1, const QString& s2)
 }
 
 } // namespace
+
+QString foldForTextCompare(const QString& text)
+{
+    // Plain ASCII, the common case of a long list, folds to its lower case in one pass.
+    const bool ascii =
+        std::all_of(text.cbegin(), text.cend(), [](QChar unit) { return unit.unicode() < 0x80; });
+    return ascii ? text.toLower() : foldText(text).text;
+}
 
 QString Trim(const QString& text)
 {

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// The inside of VemoComboBox: its drop-down list window, the list's search and its own receiver.
+#pragma once
+
+#include "editors/Column.h"
+#include "editors/ICellEventReceiver.h"
+#include "editors/VemoComboBox.h"
+
+#include <QObject>
+#include <QPixmap>
+#include <QStringList>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QLineEdit;
+QT_END_NAMESPACE
+
+namespace VemoGridLib {
+
+class FlexGrid;
+class VemoArrow;
+
+/// The receiver of a standalone combo: every report becomes the combo's own signal of the same
+/// name; `ButtonClick` and `ExitLocus` are no events of the combo.
+class ComboSelfReceiver final : public ICellEventReceiver
+{
+public:
+    explicit ComboSelfReceiver(VemoComboBox* combo)
+        : q(combo)
+    {}
+    void Change() override;
+    void BeforeDropDown() override;
+    void CellComboSelect(int Index, const QString& Value) override;
+    void CellComboClick(const QString& Value) override;
+    void Click() override;
+    void DblClick() override;
+    void KeyDown(short& KeyCode, short& Shift) override;
+    void KeyPress(short& KeyAscii) override;
+    void KeyUp(short& KeyCode, short& Shift) override;
+    void MouseDown(short& Button, short& Shift, float& x, float& y) override;
+    void MouseMove(short& Button, short& Shift, float& x, float& y) override;
+    void MouseUp(short& Button, short& Shift, float& x, float& y) override;
+    void ButtonClick() override;
+    void ExitLocus() override;
+
+private:
+    VemoComboBox* q;
+};
+
+/// Watches the whole application while the list is open: a mouse press outside the combo and
+/// its list, and a move, resize or deactivation of the combo's window, close the list.
+class ComboOutsideWatch final : public QObject
+{
+public:
+    explicit ComboOutsideWatch(VemoComboBox* combo)
+        : q(combo)
+    {}
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    VemoComboBox* q;
+};
+
+class VemoComboBoxPrivate
+{
+public:
+    explicit VemoComboBoxPrivate(VemoComboBox* combo);
+
+    /// Creates the list window and its grid (VemoComboBoxList.cpp).
+    void createList();
+    /// Rebuilds the list's rows from the column: the header row, then one row per item (or per
+    /// row of the column's model).
+    void fill();
+    /// Sizes the list window and puts it under the control, or above it when it would pass
+    /// the lower edge of the screen's available area.
+    void place();
+    /// The data index (row − 1) of the first row whose `SelectCol` cell starts with `text`
+    /// under the column's `CompareMode`; −1 when none does.
+    int search(const QString& text);
+    /// Folds the cells of list column `col` for text-compare searches.
+    void prepareKeys(int col);
+    /// Makes `row` the current row, selects it across all columns and, when `reveal`, makes it
+    /// the top row unless it shows in full.
+    void moveTo(int row, bool reveal);
+    /// Reports `CellComboSelect` for the current row.
+    void reportSelect();
+    /// Takes the current row into the text field, closes the list and reports `CellComboClick`.
+    void commit();
+    /// Whether `row` shows in full in the list.
+    bool fullyVisible(int row) const;
+    /// The current row moved by `step`: scroll one line towards it if it does not show.
+    void stepRow(int step);
+
+    VemoComboBox* q;
+    QLineEdit* field = nullptr;
+    VemoArrow* button = nullptr;
+    QWidget* window = nullptr;
+    FlexGrid* grid = nullptr;
+    std::unique_ptr<Column> ownColumn;
+    ComboSelfReceiver self;
+    ComboOutsideWatch watch;
+    bool armed = true;
+    int mousePointer = 0;
+    QPixmap mouseIcon;
+    /// The text-compare folding of the list's `keysCol` cells, one per data row, prepared when
+    /// the list is filled (or at the first text-compare search after it) so that a keystroke is
+    /// one pass over prepared strings.
+    QStringList keys;
+    int keysCol = -1;
+};
+
+} // namespace VemoGridLib

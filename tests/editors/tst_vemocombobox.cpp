@@ -1,0 +1,393 @@
+// SPDX-License-Identifier: MIT
+// VemoComboBox: searching the list while typing, the keys and clicks of the open list, its
+// window on the screen, the combo's own events standing alone, and its saved settings.
+#include <VemoGridLib/Column.h>
+#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/MemoryPropertyBag.h>
+#include <VemoGridLib/VemoArrow.h>
+#include <VemoGridLib/VemoComboBox.h>
+
+#include "RecordingReceiver.h"
+#include "flexgrid/FlexGridHosting_p.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QScreen>
+#include <QStandardItemModel>
+#include <QTest>
+
+using namespace VemoGridLib;
+
+namespace {
+
+/// The reports that are no key reports (keys are checked by the editor contract's own tests).
+QStringList listReports(const QStringList& log)
+{
+    QStringList kept;
+    for (const QString& entry : log) {
+        if (!entry.startsWith("Key"))
+            kept << entry;
+    }
+    return kept;
+}
+
+} // namespace
+
+class tst_VemoComboBox : public QObject
+{
+    Q_OBJECT
+
+    QPointer<QWidget> form;
+    QPointer<VemoComboBox> combo;
+    QPointer<QLineEdit> other;
+    VemoTest::RecordingReceiver host;
+
+    QLineEdit* field() { return combo->findChild<QLineEdit*>("txtInput"); }
+    FlexGrid* grid() { return combo->list(); }
+    void addItems(const QStringList& items)
+    {
+        for (const QString& item : items)
+            combo->AddItem(item);
+    }
+    // The centre of list row `row` on the list's viewport.
+    QPoint rowPoint(int row)
+    {
+        const QRect cell = FlexGridHosting(grid()).cellRect(row, 0);
+        return cell.center() - grid()->viewport()->pos();
+    }
+    void moveOver(int row)
+    {
+        QMouseEvent move(QEvent::MouseMove, rowPoint(row),
+                         grid()->viewport()->mapToGlobal(rowPoint(row)), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(grid()->viewport(), &move);
+    }
+
+private slots:
+    void init()
+    {
+        form = new QWidget;
+        form->resize(300, 100);
+        combo = new VemoComboBox(form);
+        combo->setGeometry(10, 10, 200, 24);
+        other = new QLineEdit(form);
+        other->setGeometry(10, 50, 100, 24);
+        form->show();
+        form->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(form));
+        combo->setEventReceiver(&host);
+        field()->setFocus();
+        host = VemoTest::RecordingReceiver();
+    }
+    void cleanup() { delete form; }
+
+    void search_data()
+    {
+        QTest::addColumn<int>("compareMode");
+        QTest::addColumn<int>("selectCol");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("found");
+        QTest::newRow("text: a is the first row") << 1 << 0 << "a" << 0;
+        QTest::newRow("text: apr") << 1 << 0 << "apr" << 1;
+        QTest::newRow("text: full width") << 1 << 0 << "ＡＰ" << 0;
+        QTest::newRow("text: e does not start é") << 1 << 0 << "e" << -1;
+        QTest::newRow("text: é") << 1 << 0 << "É" << 2;
+        QTest::newRow("binary: A") << 0 << 0 << "A" << 0;
+        QTest::newRow("binary: a") << 0 << 0 << "a" << 1;
+        QTest::newRow("binary: full width") << 0 << 0 << "ＡＰ" << -1;
+        QTest::newRow("second column") << 0 << 1 << "o" << 1;
+        QTest::newRow("select col beyond cols") << 1 << 2 << "a" << -1;
+        QTest::newRow("empty text") << 1 << 0 << "" << -1;
+    }
+
+    void search()
+    {
+        QFETCH(int, compareMode);
+        QFETCH(int, selectCol);
+        QFETCH(QString, typed);
+        QFETCH(int, found);
+        addItems({"Apple\tred", "apricot\torange", "\u00e9cole\tblue"});
+        combo->listColumn()->setCompareMode(vb::CompareMethod(compareMode));
+        combo->setSelectCol(qint16(selectCol));
+        field()->setText("q");
+        combo->DropDown();
+        host.log.clear();
+        field()->setText(typed);
+        QStringList expected{"Change"};
+        if (found >= 0)
+            expected << QString("CellComboSelect %1").arg(found);
+        QCOMPARE(host.log, expected);
+        QCOMPARE(grid()->Row(), found >= 0 ? found + 1 : 1);
+    }
+
+    void keys_data()
+    {
+        QTest::addColumn<QList<int>>("keys");
+        QTest::addColumn<QStringList>("reports");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("topRow");
+        QTest::addColumn<bool>("open");
+        const int up = Qt::Key_Up, down = Qt::Key_Down;
+        QTest::newRow("up on the first row") << QList{up} << QStringList() << 1 << 1 << true;
+        QTest::newRow("down, up") << QList{down, up}
+                                  << QStringList{"CellComboSelect 1", "CellComboSelect 0"} << 1 << 1
+                                  << true;
+        QTest::newRow("down past the last row")
+            << QList{down, down, down, down, down}
+            << QStringList{"CellComboSelect 1", "CellComboSelect 2", "CellComboSelect 3",
+                           "CellComboSelect 4", "CellComboSelect 4"}
+            << 5 << 3 << true;
+        QTest::newRow("page down")
+            << QList<int>{Qt::Key_PageDown} << QStringList{"CellComboSelect 2"} << 3 << 3 << true;
+        QTest::newRow("enter commits")
+            << QList<int>{down, Qt::Key_Return}
+            << QStringList{"CellComboSelect 1", "Change", "CellComboClick"} << 2 << 1 << false;
+        QTest::newRow("esc closes")
+            << QList<int>{Qt::Key_Escape} << QStringList() << 1 << 1 << false;
+    }
+
+    void keys()
+    {
+        QFETCH(QList<int>, keys);
+        QFETCH(QStringList, reports);
+        QFETCH(int, row);
+        QFETCH(int, topRow);
+        QFETCH(bool, open);
+        addItems({"v1\tone", "v2\ttwo", "v3\tthree", "v4\tfour", "v5\tfive"});
+        combo->setVisibleRows(3);
+        QTest::keyClick(field(), Qt::Key_F4);
+        QVERIFY(combo->IsDropDown());
+        host.log.clear();
+        for (const int key : keys)
+            QTest::keyClick(field(), Qt::Key(key));
+        QCOMPARE(listReports(host.log), reports);
+        QCOMPARE(grid()->Row(), row);
+        QCOMPARE(grid()->TopRow(), topRow);
+        QCOMPARE(combo->IsDropDown(), open);
+        QCOMPARE(combo->Text(), open || row == 1 ? QString() : QString("v%1").arg(row));
+    }
+
+    void clickCommits_data()
+    {
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<int>("selectCol");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("reports");
+        QTest::newRow("value taken")
+            << "val\tdesc" << 0 << "val" << QStringList{"Change", "CellComboClick"};
+        QTest::newRow("empty value keeps the text")
+            << "\tdesc" << 0 << "zz" << QStringList{"CellComboClick"};
+        QTest::newRow("select col beyond cols")
+            << "val\tdesc" << 2 << "zz" << QStringList{"CellComboClick"};
+    }
+
+    void clickCommits()
+    {
+        QFETCH(QString, item);
+        QFETCH(int, selectCol);
+        QFETCH(QString, text);
+        QFETCH(QStringList, reports);
+        combo->AddItem(item);
+        combo->setSelectCol(qint16(selectCol));
+        combo->DropDown();
+        QTest::keyClicks(field(), "zz");
+        host.log.clear();
+        QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, rowPoint(1));
+        QCOMPARE(listReports(host.log), reports);
+        QVERIFY(!combo->IsDropDown());
+        QCOMPARE(combo->Text(), text);
+        QCOMPARE(combo->SelLength(), text.size());
+    }
+
+    void rowTextKeepsTrailingTab()
+    {
+        combo->setListHeader("h1\th2\th3");
+        combo->AddItem("a\tb");
+        combo->DropDown();
+        QCOMPARE(combo->Cols(), 3);
+        QCOMPARE(combo->RowText(1), QString("a\tb\t"));
+        QCOMPARE(combo->RowText(2), QString());
+    }
+
+    void closedListTypingReportsOnlyChange()
+    {
+        combo->AddItem("abc");
+        QTest::keyClick(field(), Qt::Key_A);
+        QCOMPARE(listReports(host.log), QStringList{"Change"});
+    }
+
+    void hotTracking_data()
+    {
+        QTest::addColumn<bool>("tracking");
+        QTest::addColumn<int>("over");
+        QTest::addColumn<QStringList>("reports");
+        QTest::newRow("data row") << true << 2 << QStringList{"CellComboSelect 1"};
+        QTest::newRow("header row") << true << 0 << QStringList();
+        QTest::newRow("tracking off") << false << 2 << QStringList();
+    }
+
+    void hotTracking()
+    {
+        QFETCH(bool, tracking);
+        QFETCH(int, over);
+        QFETCH(QStringList, reports);
+        addItems({"a", "b", "c"});
+        combo->setHotTracking(tracking);
+        combo->DropDown();
+        host.log.clear();
+        moveOver(over);
+        QCOMPARE(host.log, reports);
+        QCOMPARE(grid()->Row(), reports.isEmpty() ? 1 : over);
+    }
+
+    void standaloneRaisesOwnEvents_data()
+    {
+        QTest::addColumn<bool>("hosted");
+        QTest::newRow("standalone") << false;
+        QTest::newRow("hosted") << true;
+    }
+
+    void standaloneRaisesOwnEvents()
+    {
+        QFETCH(bool, hosted);
+        auto* const own = new VemoComboBox(form);
+        own->setGeometry(10, 80, 200, 24);
+        own->show();
+        own->AddItem("apple");
+        if (hosted)
+            own->setEventReceiver(&host);
+        QStringList raised;
+        connect(own, &VemoComboBox::BeforeDropDown, [&] { raised << "BeforeDropDown"; });
+        connect(own, &VemoComboBox::Change, [&] { raised << "Change"; });
+        connect(own, &VemoComboBox::CellComboSelect,
+                [&](int index, const QString& value) { raised << QString::number(index) + value; });
+        own->DropDown();
+        own->findChild<QLineEdit*>("txtInput")->setText("a");
+        const QStringList all{"BeforeDropDown", "Change", "0apple"};
+        QCOMPARE(raised, hosted ? QStringList() : all);
+        const QStringList reported{"BeforeDropDown", "Change", "CellComboSelect 0"};
+        QCOMPARE(host.log, hosted ? reported : QStringList());
+    }
+
+    void listCloses_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::newRow("outside click") << "outside";
+        QTest::newRow("esc") << "esc";
+        QTest::newRow("drop button") << "button";
+        QTest::newRow("combo hidden") << "hide";
+    }
+
+    void listCloses()
+    {
+        QFETCH(QString, how);
+        combo->AddItem("a");
+        auto* const button = combo->findChild<VemoArrow*>();
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(combo->IsDropDown());
+        QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, rowPoint(0));
+        QVERIFY(combo->IsDropDown()); // a press inside the list keeps it
+        if (how == "outside")
+            QTest::mouseClick(other, Qt::LeftButton);
+        else if (how == "esc")
+            QTest::keyClick(field(), Qt::Key_Escape);
+        else if (how == "button")
+            QTest::mouseClick(button, Qt::LeftButton);
+        else
+            combo->hide();
+        QVERIFY(!combo->IsDropDown());
+    }
+
+    void listPlacement_data()
+    {
+        QTest::addColumn<bool>("nearBottom");
+        QTest::newRow("below the control") << false;
+        QTest::newRow("above near the screen bottom") << true;
+    }
+
+    void listPlacement()
+    {
+        QFETCH(bool, nearBottom);
+        const QRect screen = form->screen()->availableGeometry();
+        form->move(screen.left() + 20, nearBottom ? screen.bottom() - 60 : screen.top() + 20);
+        addItems({"a\tb", "c\td"});
+        combo->DropDown();
+        const QRect list = grid()->window()->geometry();
+        const QRect control(combo->mapToGlobal(QPoint(0, 0)), combo->size());
+        QCOMPARE(nearBottom ? list.bottom() + 1 : list.top(),
+                 nearBottom ? control.top() : control.bottom() + 1);
+        QCOMPARE(list.left(), control.left());
+    }
+
+    void hundredThousandItems()
+    {
+        for (int i = 0; i < 100000; ++i)
+            combo->AddItem(QString("item%1\tname %1\t%2").arg(i).arg(i * 3));
+        combo->listColumn()->setCompareMode(vb::vbTextCompare);
+        combo->DropDown();
+        QCOMPARE(combo->Rows(), 100001);
+        QTest::keyClicks(field(), "ITEM99999");
+        QCOMPARE(listReports(host.log).last(), QString("CellComboSelect 99999"));
+        QCOMPARE(combo->RowText(100000), QString("item99999\tname 99999\t299997"));
+        QVERIFY(grid()->RowIsVisible(100000));
+    }
+
+    void dataSourceFillsList_data()
+    {
+        QTest::addColumn<QString>("listHeader");
+        QTest::addColumn<QString>("header");
+        QTest::newRow("model header") << ""
+                                      << "Code\tName";
+        QTest::newRow("list header") << "C\tN"
+                                     << "C\tN";
+    }
+
+    void dataSourceFillsList()
+    {
+        QFETCH(QString, listHeader);
+        QFETCH(QString, header);
+        QStandardItemModel model(2, 2);
+        model.setHorizontalHeaderLabels({"Code", "Name"});
+        for (int r = 0; r < 2; ++r) {
+            for (int c = 0; c < 2; ++c)
+                model.setItem(r, c, new QStandardItem(QString("%1%2").arg(r).arg(c)));
+        }
+        combo->AddItem("ignored");
+        combo->setDataSource(&model);
+        combo->setListHeader(listHeader);
+        combo->DropDown();
+        QCOMPARE(combo->Rows(), 3);
+        QCOMPARE(combo->RowText(0), header);
+        QCOMPARE(combo->RowText(2), QString("10\t11"));
+    }
+
+    void savedPropertiesRoundTrip()
+    {
+        MemoryPropertyBag fresh;
+        combo->WriteProperties(fresh);
+        QCOMPARE(fresh.names(), QStringList{"Font"});
+        combo->setValue("chosen");
+        combo->setListWidth(3000);
+        combo->setVisibleRows(5);
+        combo->setSelectCol(1);
+        combo->setHotTracking(false);
+        combo->setLocked(true);
+        combo->setBorderStyle(0);
+        QVERIFY(combo->setProperty("MousePointer", 2));
+        combo->setProperty("MousePointer", 50); // refused, stays 2
+        MemoryPropertyBag bag;
+        combo->WriteProperties(bag);
+        const QStringList saved{"BorderStyle", "Font",        "Text",
+                                "ListWidth",   "VisibleRows", "Locked",
+                                "SelectCol",   "HotTracking", "MousePointer"};
+        QCOMPARE(bag.names(), saved);
+        VemoComboBox loaded;
+        loaded.ReadProperties(bag);
+        MemoryPropertyBag again;
+        loaded.WriteProperties(again);
+        QCOMPARE(again.toJson(), bag.toJson());
+    }
+};
+
+QTEST_MAIN(tst_VemoComboBox)
+#include "tst_vemocombobox.moc"
