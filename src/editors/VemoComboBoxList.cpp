@@ -102,8 +102,8 @@ void VemoComboBoxPrivate::fill()
     grid->setAllowUserResizing(column.ColResize() ? 1 : 0);
     keysCol = -1;
     const int selectCol = column.SelectCol();
-    if (column.CompareMode() == vb::vbTextCompare && selectCol >= 0 && selectCol < cols)
-        prepareKeys(selectCol);
+    if (selectCol >= 0 && selectCol < cols)
+        prepareKeys(selectCol, column.CompareMode() == vb::vbTextCompare);
     // The row of the text the field holds is current when the list opens; else the first.
     const int found = search(field->text());
     moveTo(found >= 0 ? found + 1 : std::min(1, grid->Rows() - 1), false);
@@ -147,38 +147,36 @@ int VemoComboBoxPrivate::search(const QString& text)
 {
     Column& column = *q->listColumn();
     const int col = column.SelectCol();
-    const int rows = grid->Rows();
     if (col < 0 || col >= grid->Cols() || text.isEmpty())
         return -1;
-    const FlexGridHosting cells(grid);
-    if (column.CompareMode() != vb::vbTextCompare) {
-        for (int row = 1; row < rows; ++row) {
-            if (cells.text(row, col).startsWith(text))
-                return row - 1;
-        }
-        return -1;
-    }
-    if (keysCol != col)
-        prepareKeys(col);
-    const QString needle = vb::foldForTextCompare(text);
-    for (int row = 1; row < rows; ++row) {
+    const bool textCompare = column.CompareMode() == vb::vbTextCompare;
+    if (keysCol != col || keysFolded != textCompare)
+        prepareKeys(col, textCompare);
+    const QString needle = textCompare ? vb::foldForTextCompare(text) : text;
+    for (qsizetype i = 0; i < keys.size(); ++i) {
+        if (!keys.at(i).startsWith(needle))
+            continue;
         // The folded prefix may end inside a character of the cell ("e" of "é"): text compare
         // itself decides such a candidate.
-        if (keys.at(row - 1).startsWith(needle) &&
-            vb::InStr(1, cells.text(row, col).toString(), text, vb::vbTextCompare) == 1)
+        const int row = int(i) + 1;
+        if (!textCompare || vb::InStr(1, FlexGridHosting(grid).text(row, col).toString(), text,
+                                      vb::vbTextCompare) == 1)
             return row - 1;
     }
     return -1;
 }
 
-void VemoComboBoxPrivate::prepareKeys(int col)
+void VemoComboBoxPrivate::prepareKeys(int col, bool folded)
 {
     const FlexGridHosting cells(grid);
     keys.clear();
     keys.reserve(grid->Rows() - 1);
-    for (int row = 1; row < grid->Rows(); ++row)
-        keys.append(vb::foldForTextCompare(cells.text(row, col).toString()));
+    for (int row = 1; row < grid->Rows(); ++row) {
+        const QString cell = cells.text(row, col).toString();
+        keys.append(folded ? vb::foldForTextCompare(cell) : cell);
+    }
     keysCol = col;
+    keysFolded = folded;
 }
 
 bool VemoComboBoxPrivate::fullyVisible(int row) const

@@ -80,8 +80,8 @@ public:
     /// The data index (row − 1) of the first row whose `SelectCol` cell starts with `text`
     /// under the column's `CompareMode`; −1 when none does.
     int search(const QString& text);
-    /// Folds the cells of list column `col` for text-compare searches.
-    void prepareKeys(int col);
+    /// Copies the cells of list column `col` into `keys`, folded for text compare when `folded`.
+    void prepareKeys(int col, bool folded);
     /// Makes `row` the current row, selects it across all columns and, when `reveal`, makes it
     /// the top row unless it shows in full.
     void moveTo(int row, bool reveal);
@@ -105,11 +105,12 @@ public:
     bool armed = true;
     int mousePointer = 0;
     QPixmap mouseIcon;
-    /// The text-compare folding of the list's `keysCol` cells, one per data row, prepared when
-    /// the list is filled (or at the first text-compare search after it) so that a keystroke is
-    /// one pass over prepared strings.
+    /// The cells of list column `keysCol`, one per data row, folded for text compare when
+    /// `keysFolded`: prepared when the list is filled (again when `SelectCol` or `CompareMode`
+    /// changed since), so that a keystroke is one pass over prepared strings.
     QStringList keys;
     int keysCol = -1;
+    bool keysFolded = false;
 };
 
 } // namespace VemoGridLib
