@@ -31,6 +31,11 @@ class VemoComboBoxPrivate;
 /// text field. Each step is reported to the receiver (`CellComboSelect`, `CellComboClick`,
 /// `Change`).
 ///
+/// The list opens with the drop button, F4 or Alt+Down (unless the receiver zeroed the key in
+/// `KeyDown`, as a grid does that scrolls on Alt+Down), and with the column's `AutoDropDown` when
+/// the control is shown; F4, Alt+Up, Alt+Down, Esc, the button, a press outside the combo and
+/// its list, and a move or deactivation of the combo's window close it.
+///
 /// Standing alone the combo is its own receiver and raises its own signals of the same names;
 /// a host that sets itself as receiver gets the reports instead. A combo built in code is
 /// standalone at once (the constructor runs `InitProperties()`).
