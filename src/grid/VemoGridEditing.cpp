@@ -11,6 +11,7 @@
 #include "editors/CellEditor.h"
 #include "editors/VemoBtnTxt.h"
 #include "editors/VemoCheckBox.h"
+#include "editors/VemoComboBox.h"
 #include "editors/VemoTextBox.h"
 #include "vb/VbStrings.h"
 
@@ -75,6 +76,7 @@ void EditingSession::createEditors()
     };
     add(new VemoTextBox(g.q), "VemoTextBox1", {eTextBox, ehyperlink, eCurrency, eNumeric, eLong});
     add(new VemoCheckBox(g.q), "VemoCheckBox1", {eCheckBox});
+    add(new VemoComboBox(g.q), "VemoComboBox1", {eComboBox});
     add(new VemoBtnTxt(g.q), "VemoBtnTxt1", {eButton});
     g.flex->viewport()->installEventFilter(this);
     g.flex->setMouseIcon(QCursor(Qt::PointingHandCursor));

@@ -114,7 +114,7 @@ private slots:
         row("numeric", eNumeric, "VemoTextBox1");
         row("check box", eCheckBox, "VemoCheckBox1");
         row("button", eButton, "VemoBtnTxt1");
-        row("combo: none yet", eComboBox, "");
+        row("combo box", eComboBox, "VemoComboBox1");
         row("date: none yet", eCalendar, "");
         // A link opens through the shell and shows the link pointer; blanks are edited.
         row("hyperlink", ehyperlink, "", "https://example.org/");
@@ -464,6 +464,40 @@ private slots:
         QTest::keyClicks(focused(), QStringLiteral("2.5"));
         press(Qt::Key_Return);
         QCOMPARE(g.TextMatrix(1, 3), QStringLiteral("7.5"));
+    }
+
+    void comboColumnPicksAListRow()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|Code|Name"), 40);
+        g.setColType(1, eComboBox);
+        for (const char* item : {"A01\tApple", "B02\tBanana", "B03\tBlueberry"})
+            g.Column(1)->AddItem(QLatin1String(item));
+        QStringList seen;
+        connect(&g, &VemoGrid::BeforeDropDown, this, [&] { seen << "BeforeDropDown"; });
+        connect(&g, &VemoGrid::CellComboSelect, this, [&](int index, const QString& value) {
+            seen << QStringLiteral("Select %1 %2").arg(index).arg(value.section('\t', 0, 0));
+        });
+        connect(&g, &VemoGrid::CellComboClick, this, [&](int row, int& col, QString& value) {
+            seen << QStringLiteral("Click %1,%2").arg(row).arg(col);
+            g.setTextMatrix(row, 2, value.section('\t', 1, 1)); // the name beside the code
+        });
+        clickCell(g, 1, 1);
+        press(Qt::Key_Down, Qt::AltModifier); // in a grid, Alt+Down scrolls: the list stays shut
+        QCOMPARE(g.TopRow(), 4);
+        QVERIFY(!openEditor(g));
+        g.setTopRow(1);
+        clickCell(g, 1, 1);
+        press(Qt::Key_F4);
+        QTest::keyClicks(focused(), QStringLiteral("B0"));
+        press(Qt::Key_Down);
+        press(Qt::Key_Return); // takes the row over; the edit goes on
+        QCOMPARE(current(g), QStringLiteral("1,1"));
+        press(Qt::Key_Return); // stores the cell and moves on
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("B03"));
+        QCOMPARE(g.TextMatrix(1, 2), QStringLiteral("Blueberry"));
+        QCOMPARE(current(g), QStringLiteral("1,2"));
+        QCOMPARE(seen, (QStringList{"BeforeDropDown", "Select 1 B02", "Select 1 B02",
+                                    "Select 2 B03", "Click 1,1"}));
     }
 
     void btnClickHandlerWritesTheCell_data()
