@@ -2,6 +2,7 @@
 // The shown grid, pinned font, cell geometry, step runner and event log of the FlexGrid tests.
 #pragma once
 
+#include "CellStoreAccess.h"
 #include "VemoTestSupport.h"
 #include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/VbKeys.h>
@@ -22,7 +23,6 @@ namespace VemoTest {
 
 using VemoGridLib::FlexGrid;
 
-constexpr int TwipsPerPixel = 15;
 constexpr int RowTwips = 300;  // 20 px
 constexpr int ColTwips = 1200; // 80 px
 /// A shown grid's viewport: the fixed row and 9 data rows, the fixed column and 4 data columns.
@@ -205,13 +205,6 @@ inline std::unique_ptr<Scene> showGrid(int rows, int cols, bool texts = false)
     if (!QTest::qWaitForWindowExposed(&scene->window) || !setViewport(*scene->grid, Viewport))
         return nullptr;
     return scene;
-}
-
-/// A cell's rectangle in viewport pixels, its grid lines included, from the twips geometry.
-inline QRect cellRect(const FlexGrid& grid, int row, int col)
-{
-    return QRect(grid.ColPos(col) / TwipsPerPixel, grid.RowPos(row) / TwipsPerPixel,
-                 grid.ColWidth(col) / TwipsPerPixel, grid.RowHeight(row) / TwipsPerPixel);
 }
 
 } // namespace VemoTest

@@ -12,11 +12,6 @@ namespace {
 const QStringList KeyMove = {"KeyDown",   "LeaveCell",    "SelChange",
                              "EnterCell", "RowColChange", "KeyUp"};
 
-QPoint centreOf(const FlexGrid& grid, int row, int col)
-{
-    return cellRect(grid, row, col).center();
-}
-
 /// A pointer move with no button held, as the mouse-tracking viewport receives it.
 void hover(FlexGrid& grid, QPoint pos)
 {
@@ -102,7 +97,7 @@ void tst_FlexGridInput::clicks()
     run(*m_grid, setup);
     m_log->clear();
     const bool shift = nudge == QPoint(1, 0);
-    const QPoint pos = centreOf(*m_grid, cell.y(), cell.x()) + nudge;
+    const QPoint pos = cellRect(*m_grid, cell.y(), cell.x()).center() + nudge;
 
     hover(*m_grid, pos);
     QTest::mouseClick(m_grid->viewport(), Qt::LeftButton,
@@ -119,10 +114,10 @@ void tst_FlexGridInput::dragSelectsAndScrolls()
     fill(*m_grid, 60, 4, true);
     QVERIFY(setViewport(*m_grid, Viewport));
     QWidget* const viewport = m_grid->viewport();
-    const QPoint start = centreOf(*m_grid, 2, 2);
+    const QPoint start = cellRect(*m_grid, 2, 2).center();
     QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, start);
     m_log->clear();
-    QTest::mouseMove(viewport, centreOf(*m_grid, 4, 3));
+    QTest::mouseMove(viewport, cellRect(*m_grid, 4, 3).center());
     QCOMPARE(cursorOf(*m_grid), QList<int>({2, 2, 4, 3}));
     QCOMPARE(m_log->names, QStringList());
     QTest::mouseMove(viewport, start);

@@ -208,7 +208,6 @@ private slots:
             {eCurrency, false, "  x y  ", "1\tx y"},
             {eCurrency, false, "", "1\t"},
             {eNumeric, false, "-0.125", "2\t-0.125"},
-            {eNumeric, false, "abc", "1\tabc"},
             {eLong, false, "1,2e3", "2\t12000.0"},
             {eLong, false, "2.5", "2\t2.0"},
             {eLong, false, "65536", ""},

@@ -60,12 +60,9 @@ inline QStringList columnTexts(const VemoGridLib::VemoGrid& grid, int col)
     return texts;
 }
 
-/// A cell's rectangle in the hosted viewport (96 dpi: 15 twips a pixel), its grid lines included.
 inline QRect cellRect(const VemoGridLib::VemoGrid& grid, int row, int col)
 {
-    const VemoGridLib::FlexGrid* const flex = grid.hostedGrid();
-    return QRect(flex->ColPos(col) / 15, flex->RowPos(row) / 15, flex->ColWidth(col) / 15,
-                 flex->RowHeight(row) / 15);
+    return VemoGridLib::cellRect(*grid.hostedGrid(), row, col);
 }
 
 /// A user's click on the centre of a cell.
