@@ -107,9 +107,16 @@ bool ComboOutsideWatch::eventFilter(QObject* watched, QEvent* event)
         if (watched->isWidgetType() && !belongsTo(static_cast<QWidget*>(watched), q))
             q->CloseUp();
         break;
+    case QEvent::WindowDeactivate:
+        // A platform that activates every window it shows (offscreen, some compositors)
+        // makes the list itself the active window: only a window outside the combo taking
+        // over closes the list.
+        if ((watched == q->window() || watched == q->list()->window()) &&
+            !belongsTo(QApplication::activeWindow(), q))
+            q->CloseUp();
+        break;
     case QEvent::Move:
     case QEvent::Resize:
-    case QEvent::WindowDeactivate:
     case QEvent::Hide:
         if (watched == q->window())
             q->CloseUp();

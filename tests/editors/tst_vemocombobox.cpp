@@ -254,6 +254,7 @@ private slots:
         QTest::newRow("outside click") << "outside";
         QTest::newRow("drop button") << "button";
         QTest::newRow("combo hidden") << "hide";
+        QTest::newRow("another window active") << "activate";
     }
 
     void listCloses()
@@ -265,8 +266,15 @@ private slots:
         QVERIFY(combo->IsDropDown());
         QVERIFY(field()->hasFocus()); // the list window takes no focus
         QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, rowPoint(0));
-        QVERIFY(combo->IsDropDown()); // a press inside the list keeps it
-        if (how == "outside")
+        QCoreApplication::processEvents(); // offscreen activates the shown list window
+        QVERIFY(
+            combo->IsDropDown()); // neither a press inside the list nor its activation closes it
+        QWidget another;
+        if (how == "activate") {
+            another.show();
+            another.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&another));
+        } else if (how == "outside")
             QTest::mouseClick(other, Qt::LeftButton);
         else if (how == "button")
             QTest::mouseClick(button, Qt::LeftButton);
