@@ -3,11 +3,14 @@
 
 #include "SampleData.h"
 
+#include <VemoGridLib/Column.h>
+#include <VemoGridLib/FlexEnums.h>
+#include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/Twips.h>
 #include <VemoGridLib/VbConversion.h>
 #include <VemoGridLib/VbFormat.h>
-#include <VemoGridLib/FlexEnums.h>
-#include <VemoGridLib/FlexGrid.h>
+#include <VemoGridLib/VbStrings.h>
+#include <VemoGridLib/VemoComboBox.h>
 #include <VemoGridLib/VemoGrid.h>
 
 #include <QDir>
@@ -21,10 +24,13 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <vector>
 
 using namespace VemoGridLib;
 
@@ -35,7 +41,9 @@ enum FormColumn : int {
     ColNumber,
     ColPaid,
     ColDate,
+    /// The product code, picked from the catalogue list.
     ColProduct,
+    ColName,
     ColProductZh,
     ColPrice,
     ColQuantity,
@@ -63,7 +71,8 @@ constexpr std::array<ColumnLayout, ColumnCount> Columns{{
     {"No.", '>', eLong, VemoSortNumeric},
     {"Paid", '^', eCheckBox, VemoSortString},
     {"Date", '<', eCalendar, VemoSortDateTime},
-    {"Product", '<', eTextBox, VemoSortStringNoCase},
+    {"Product", '<', eComboBox, VemoSortStringNoCase},
+    {"Name", '<', eTextBox, VemoSortStringNoCase},
     {"品名", '<', eTextBox, VemoSortString},
     {"Unit price", '>', eCurrency, VemoSortCurrency},
     {"Qty", '>', eNumeric, VemoSortNumeric},
@@ -104,9 +113,37 @@ constexpr double MaxQuantity = 10'000;
 constexpr const char* HintText =
     "Click a cell, or move to it with the arrows, and type. Enter keeps the entry and moves on "
     "(after the last cell it adds a row); Esc puts the cell's text back.\n"
-    "Space ticks Paid · … in Notes opens the whole note · a click on a link opens it in the "
-    "browser · Alt+↑/↓ or the wheel scrolls · the amount follows price and quantity · dates "
-    "have no editor yet.";
+    "Product: F4 or ▾ opens the catalogue, typing a code finds it, Enter or a click picks it "
+    "and fills name and price · Space ticks Paid · … in Notes opens the whole note · a click "
+    "on a link opens it in the browser · Alt+↑/↓ or the wheel scrolls · the amount follows "
+    "price and quantity · dates have no editor yet.";
+
+/// The suppliers of the picker above the grid: code, name, city (tab-separated list rows).
+constexpr std::array<const char*, 5> Suppliers = {
+    "S01\tNorthwind Office Supply\tLeeds", "S02\tBlue Harbour Traders\tBristol",
+    "S03\tKestrel Furniture\tYork", "S04\tLantern Electronics\tManchester",
+    "S05\tMeridian Coffee Co.\tNorwich"};
+
+/// The product catalogue of the Product list: one entry per product of the sample lines, by
+/// code (its page name).
+std::vector<const StockLine*> catalogue()
+{
+    std::vector<const StockLine*> products;
+    for (const StockLine& line : sampleStockLines())
+        products.push_back(&line);
+    std::sort(products.begin(), products.end(),
+              [](const StockLine* a, const StockLine* b) { return qstrcmp(a->sku, b->sku) < 0; });
+    return products;
+}
+
+const StockLine* catalogueEntry(const QString& code)
+{
+    for (const StockLine& line : sampleStockLines()) {
+        if (code == QLatin1String(line.sku))
+            return &line;
+    }
+    return nullptr;
+}
 
 QString header(int col)
 {
@@ -147,6 +184,7 @@ QString formatted(const VemoGrid& grid, int col, double value)
 InvoiceForm::InvoiceForm(QWidget* parent)
     : QWidget(parent)
     , m_grid(new VemoGrid(this))
+    , m_supplier(new VemoComboBox(this))
     , m_status(new QStatusBar(this))
 {
     auto* addButton = new QPushButton(QStringLiteral("Add row"), this);
@@ -171,8 +209,16 @@ InvoiceForm::InvoiceForm(QWidget* parent)
     m_status->setSizeGripEnabled(false);
     auto* hint = new QLabel(QString::fromUtf8(HintText), this);
     hint->setForegroundRole(QPalette::PlaceholderText);
+    auto* supplierLabel = new QLabel(QStringLiteral("&Supplier:"), this);
+    supplierLabel->setBuddy(m_supplier->findChild<QWidget*>(QStringLiteral("txtInput")));
+    setUpSupplierPicker();
+    auto* supplierRow = new QHBoxLayout;
+    supplierRow->addWidget(supplierLabel);
+    supplierRow->addWidget(m_supplier);
+    supplierRow->addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(hint);
+    layout->addLayout(supplierRow);
     layout->addWidget(m_grid, 1);
     layout->addLayout(buttons);
     layout->addWidget(m_status);
@@ -199,6 +245,13 @@ InvoiceForm::InvoiceForm(QWidget* parent)
     });
     connect(m_grid, &VemoGrid::CellChanged, this, &InvoiceForm::onCellChanged);
     connect(m_grid, &VemoGrid::ValidateError, this, &InvoiceForm::onValidateError);
+    connect(m_grid, &VemoGrid::CellComboClick, this, &InvoiceForm::onProductPicked);
+    connect(m_supplier, &VemoComboBox::CellComboClick, this, [this](const QString& value) {
+        showStatus(QStringLiteral("Supplier %1: %2, %3.")
+                       .arg(value.section(QLatin1Char('\t'), 0, 0),
+                            value.section(QLatin1Char('\t'), 1, 1),
+                            value.section(QLatin1Char('\t'), 2, 2)));
+    });
     connect(m_grid, &VemoGrid::BtnClick, this, [this](int& row, int&) {
         // The editor reports its button from inside its own mouse handling: the dialog waits
         // until that is done.
@@ -242,6 +295,7 @@ void InvoiceForm::setUpColumns()
         m_grid->setColAlignmentFixed(col, Flex::flexAlignCenterCenter);
     }
     m_grid->Column(ColNumber)->setAutoAdd(true);
+    setUpProductList(*m_grid->Column(ColProduct));
     m_grid->Column(ColDate)->setFormatString(QStringLiteral("yyyy-mm-dd"));
     m_grid->Column(ColQuantity)->setDecimalLength(2);
     m_grid->Column(ColQuantity)->setFormatString(QStringLiteral("#,##0.00"));
@@ -272,7 +326,8 @@ void InvoiceForm::fill()
         m_grid->setTextMatrix(row, ColPaid,
                               line.paid ? QStringLiteral("True") : QStringLiteral("False"));
         m_grid->setTextMatrix(row, ColDate, QString::fromLatin1(line.date));
-        m_grid->setTextMatrix(row, ColProduct, QString::fromUtf8(line.product));
+        m_grid->setTextMatrix(row, ColProduct, QString::fromLatin1(line.sku));
+        m_grid->setTextMatrix(row, ColName, QString::fromUtf8(line.product));
         m_grid->setTextMatrix(row, ColProductZh, QString::fromUtf8(line.productZh));
         m_grid->setTextMatrix(row, ColPrice,
                               formatted(*m_grid, ColPrice, double(line.priceCents) / 100));
@@ -310,6 +365,8 @@ void InvoiceForm::fitColumns()
     for (int col = m_grid->FixedCols(); col < ColNoteText; ++col) {
         int widest = headerMetrics.horizontalAdvance(header(col)) + 2 * ArrowRoomPx;
         // A check box cell's text is its hidden marker; the box is narrower than the header.
+        if (m_grid->ColType(col) == eComboBox)
+            widest += style()->pixelMetric(QStyle::PM_ScrollBarExtent); // the drop button
         if (m_grid->ColType(col) != eCheckBox) {
             for (int row = m_grid->FixedRows(); row < m_grid->Rows(); ++row)
                 widest =
@@ -317,6 +374,64 @@ void InvoiceForm::fitColumns()
         }
         m_grid->setCOLWIDTH(col, pixelsToTwipsX(widest + TextPaddingPx, m_grid));
     }
+}
+
+void InvoiceForm::setUpProductList(Column& list)
+{
+    list.setListHeader(QStringLiteral("Code\tName\tUnit price"));
+    list.setSelectCol(0);
+    list.setCompareMode(vb::vbTextCompare);
+    constexpr std::array<int, 3> ListColumnTwips = {1700, 3000, 1200};
+    for (int col = 0; col < int(ListColumnTwips.size()); ++col)
+        list.setCOLWIDTH(col, ListColumnTwips[std::size_t(col)]);
+    list.setColAlignment(2, Flex::flexAlignRightCenter);
+    for (const StockLine* product : catalogue()) {
+        list.AddItem(QStringLiteral("%1\t%2\t%3")
+                         .arg(QString::fromLatin1(product->sku),
+                              QString::fromUtf8(product->product),
+                              formatted(*m_grid, ColPrice, double(product->priceCents) / 100)));
+    }
+}
+
+void InvoiceForm::setUpSupplierPicker()
+{
+    m_supplier->setToolTip(QStringLiteral("Type a supplier's name or open the list with F4."));
+    m_supplier->setListHeader(QStringLiteral("Code\tName\tCity"));
+    m_supplier->setSelectCol(1);
+    m_supplier->listColumn()->setCompareMode(vb::vbTextCompare);
+    constexpr std::array<int, 3> ListColumnTwips = {700, 3000, 1600};
+    for (int col = 0; col < int(ListColumnTwips.size()); ++col)
+        m_supplier->listColumn()->setCOLWIDTH(col, ListColumnTwips[std::size_t(col)]);
+    for (const char* supplier : Suppliers)
+        m_supplier->AddItem(QString::fromLatin1(supplier));
+    m_supplier->setFixedSize(260, QFontMetrics(font()).height() + 10);
+}
+
+void InvoiceForm::onProductPicked(int row, int& col, QString& value)
+{
+    if (col != ColProduct)
+        return;
+    const StockLine* const product = catalogueEntry(value.section(QLatin1Char('\t'), 0, 0));
+    if (!product)
+        return;
+    m_grid->setTextMatrix(row, ColName, QString::fromUtf8(product->product));
+    m_grid->setTextMatrix(row, ColProductZh, QString::fromUtf8(product->productZh));
+    m_grid->setTextMatrix(row, ColPage,
+                          QString::fromLatin1(ProductPageBase) + QString::fromLatin1(product->sku));
+    const double price = double(product->priceCents) / 100;
+    m_grid->setTextMatrix(row, ColPrice, formatted(*m_grid, ColPrice, price));
+    // The grid recomputes the amount when the clerk leaves the price or the quantity; a pick
+    // in the Product cell leaves neither, so the amount follows the new price here, rounded
+    // and formatted as the grid does it.
+    const std::optional<double> quantity = vb::NumericValue(m_grid->TextMatrix(row, ColQuantity));
+    if (quantity) {
+        const Column& amount = *m_grid->Column(ColAmount);
+        m_grid->setTextMatrix(
+            row, ColAmount,
+            formatted(*m_grid, ColAmount, vb::Round(price * *quantity, amount.DecimalLength())));
+    }
+    showStatus(
+        QStringLiteral("Picked %1 for row %2.").arg(QString::fromUtf8(product->product)).arg(row));
 }
 
 void InvoiceForm::followSort(int col)
@@ -342,7 +457,7 @@ void InvoiceForm::removeRow()
     if (row < m_grid->FixedRows())
         return;
     const bool onlyRow = m_grid->Rows() == m_grid->FixedRows() + 1;
-    const QString product = m_grid->TextMatrix(row, ColProduct);
+    const QString product = m_grid->TextMatrix(row, ColName);
     m_grid->RemoveItem(marked > 0 ? 0 : row);
     m_sortedCol = -1;
     m_grid->setFocus();
@@ -395,7 +510,7 @@ void InvoiceForm::editNote(int row)
 {
     if (row >= m_grid->Rows())
         return;
-    const QString product = m_grid->TextMatrix(row, ColProduct);
+    const QString product = m_grid->TextMatrix(row, ColName);
     bool ok = false;
     const QString note = QInputDialog::getMultiLineText(
         this, QStringLiteral("Notes"),

@@ -9,16 +9,21 @@ class QStatusBar;
 QT_END_NAMESPACE
 
 namespace VemoGridLib {
+class Column;
+class VemoComboBox;
 class VemoGrid;
 }
 
 /// A purchase ledger in a VemoGrid: one typed column per kind of entry (numbered, check box,
 /// date, text, currency, numeric, long, hyperlink, button), banded rows, read-only colours, an
 /// amount column the grid computes from price × quantity, and header clicks that sort by the
-/// column's own sort type. The user types into the cells; the Notes column's button opens the
-/// row's whole note in a dialog. A hint line above the grid tells what the keys do; buttons
-/// below add, remove and clear rows and export the table to Excel; the status line shows the
-/// last action (a refused entry among them), the row count, the marked row and the sort order.
+/// column's own sort type. The Product column is a list of the catalogue (code, name, unit
+/// price): picking a code fills the row's name, price and amount. A supplier picker, a
+/// VemoComboBox on its own, sits above the grid. The user types into the cells; the Notes column's
+/// button opens the row's whole note in a dialog. A hint line above the grid tells what the keys
+/// do; buttons below add, remove and clear rows and export the table to Excel; the status line
+/// shows the last action (a refused entry among them), the row count, the marked row and the sort
+/// order.
 class InvoiceForm : public QWidget
 {
     Q_OBJECT
@@ -31,6 +36,12 @@ public:
 
 private:
     void setUpColumns();
+    /// Fills the Product column's list with the catalogue and sets its columns.
+    void setUpProductList(VemoGridLib::Column& list);
+    void setUpSupplierPicker();
+    /// A row picked from the Product list: the product's names, page and price go into the
+    /// row, and the amount follows the price.
+    void onProductPicked(int row, int& col, QString& value);
     void fill();
     /// Computes the amount of every row the way the grid does for a clerk: by leaving an
     /// operand cell.
@@ -55,6 +66,7 @@ private:
     void showStatus(const QString& action = QString());
 
     VemoGridLib::VemoGrid* m_grid;
+    VemoGridLib::VemoComboBox* m_supplier;
     QStatusBar* m_status;
     /// The last action shown; a click that only moves the marker keeps it in the status line.
     QString m_action;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // vemo-demo: the VemoGridLib demo application. `--screenshot FILE` renders the window without
-// showing it (also on the offscreen platform), with a cell editor open on the form, writes it to
+// showing it (also on the offscreen platform), with the form's product list open, writes it to
 // FILE as a PNG and exits.
 #include "DemoWindow.h"
 #include "InvoiceListView.h"
@@ -8,11 +8,13 @@
 #include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/Messages.h>
 #include <VemoGridLib/Twips.h>
+#include <VemoGridLib/VemoComboBox.h>
 #include <VemoGridLib/VemoGrid.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPixmap>
 #include <QTextStream>
 
@@ -46,7 +48,21 @@ int writeScreenshot(DemoWindow& window, const QString& file)
     QApplication::processEvents();
     clickCurrentCell(window);
     QApplication::processEvents();
-    if (!window.grab().save(file, "PNG")) {
+    // The click opened the Product cell's list editor: its list opens too, drawn into the shot
+    // (it is a window of its own, which the window's grab leaves out).
+    QPixmap shot = window.grab();
+    auto* grid = window.findChild<VemoGridLib::VemoGrid*>();
+    for (auto* combo : window.findChildren<VemoGridLib::VemoComboBox*>()) {
+        if (!grid || !grid->isAncestorOf(combo) || !combo->isVisible())
+            continue;
+        QWidget* list = combo->list()->window();
+        list->setAttribute(Qt::WA_DontShowOnScreen);
+        combo->DropDown();
+        QApplication::processEvents();
+        shot = window.grab();
+        QPainter(&shot).drawPixmap(window.mapFromGlobal(list->pos()), list->grab());
+    }
+    if (!shot.save(file, "PNG")) {
         QTextStream(stderr) << "vemo-demo: cannot write " << file << Qt::endl;
         return 1;
     }
