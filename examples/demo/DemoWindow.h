@@ -5,7 +5,7 @@
 #include <QMainWindow>
 
 /// Opens on the VemoGrid stock entry form (`InvoiceForm`); the second tab holds the FlexGrid
-/// of generated invoices (`InvoiceListView`).
+/// of generated invoices (`InvoiceListView`). Its Help menu opens the library's about box.
 class DemoWindow : public QMainWindow
 {
     Q_OBJECT
