@@ -457,8 +457,11 @@ void CellEditor::focusMoved(QWidget* from, QWidget* to)
     if (!from || !contains(from) || (to && contains(to)))
         return;
     // Leaving the application (no widget takes the focus while its window is inactive) is
-    // not leaving the editor: the focus comes back to it.
-    if (!to && !QApplication::activeWindow())
+    // not leaving the editor: the focus comes back to it. Nor is the editor's own drop-down
+    // window becoming the active one, as a platform that activates every window it shows
+    // makes it: the editor hands the activation back.
+    const QWidget* const active = QApplication::activeWindow();
+    if (!to && (!active || contains(active)))
         return;
     if (reportsExitLocus())
         report("CellEditor ExitLocus", [](ICellEventReceiver& host) { host.ExitLocus(); });
