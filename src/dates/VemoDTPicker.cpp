@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 #include <QScreen>
 #include <QStyle>
 
@@ -94,6 +95,8 @@ public:
     OleColor selectColor = NewSelectColor;
     bool lunar = false;
     bool armed = true;
+    /// The widget that had the focus when the calendar opened.
+    QPointer<QWidget> focusAtOpen;
 };
 
 bool DropWatch::eventFilter(QObject* watched, QEvent* event)
@@ -108,10 +111,11 @@ bool DropWatch::eventFilter(QObject* watched, QEvent* event)
     case QEvent::WindowActivate:
         // A platform that activates every window it shows (offscreen, some compositors) makes
         // the calendar's window the active one: the picker's window gets the activation back,
-        // and txtInput the focus that went with it.
+        // and the widget that had the focus gets it again.
         if (watched == d.window) {
             d.q->window()->activateWindow();
-            d.field->setFocus();
+            if (d.focusAtOpen)
+                d.focusAtOpen->setFocus();
         }
         break;
     case QEvent::WindowDeactivate: {
@@ -303,6 +307,7 @@ void VemoDTPicker::BeginDropDown()
     calendar.setForeColor(ForeColor());
     calendar.setLunarCalendar(d->lunar);
     d->place();
+    d->focusAtOpen = QApplication::focusWidget();
     qApp->installEventFilter(&d->watch);
     // A newly shown window comes to the front.
     d->window->show();
