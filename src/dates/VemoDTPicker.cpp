@@ -218,7 +218,11 @@ VemoDTPicker::VemoDTPicker(QWidget* parent)
     d->window->setFocusPolicy(Qt::NoFocus);
     d->calendar = new VemoCalendar(d->window);
     d->calendar->setObjectName(QStringLiteral("CC"));
+    // Nothing in the window takes the focus, the calendar's arrow buttons neither: keys for
+    // the calendar come through txtInput.
     d->calendar->setFocusPolicy(Qt::NoFocus);
+    for (QWidget* const part : d->calendar->findChildren<QWidget*>())
+        part->setFocusPolicy(Qt::NoFocus);
     connect(d->calendar, &VemoCalendar::Click, this,
             [this] { catchingErrors("VemoDTPicker calendar click", [this] { d->choose(); }); });
     connect(this, &CellEditor::LostFocus, this, [this] { d->closeUp(); });
