@@ -33,8 +33,9 @@ class VemoGridPrivate;
 ///
 /// Editing: a click on a data cell, or a move to it with the arrows or Enter, lays the editor of
 /// the column's type over the cell and focuses it — `VemoTextBox1` for text, hyperlink,
-/// currency, numeric and long columns, `VemoCheckBox1` for check boxes, `VemoBtnTxt1` for
-/// button columns (combo box and date columns open none yet). Leaving the cell (a move key, a
+/// currency, numeric and long columns, `VemoCheckBox1` for check boxes, `VemoComboBox1` for combo
+/// boxes, `VemoDTPicker1` for dates (with the grid's `LunarCalendar`), `VemoBtnTxt1` for button
+/// columns. Leaving the cell (a move key, a
 /// click elsewhere, the focus going away, a scroll, a sort or row operation) commits: an
 /// unchanged text only hides the editor; otherwise the editor's `Validate` decides
 /// (`ValidateError` and the old text stay on a refusal), `BeforeChange` may cancel, the cell

@@ -8,6 +8,7 @@
 #include "common/Messages.h"
 #include "common/Twips.h"
 #include "common/VemoError.h"
+#include "dates/VemoDTPicker.h"
 #include "editors/CellEditor.h"
 #include "editors/VemoBtnTxt.h"
 #include "editors/VemoCheckBox.h"
@@ -77,6 +78,7 @@ void EditingSession::createEditors()
     add(new VemoTextBox(g.q), "VemoTextBox1", {eTextBox, ehyperlink, eCurrency, eNumeric, eLong});
     add(new VemoCheckBox(g.q), "VemoCheckBox1", {eCheckBox});
     add(new VemoComboBox(g.q), "VemoComboBox1", {eComboBox});
+    add(new VemoDTPicker(g.q), "VemoDTPicker1", {eCalendar});
     add(new VemoBtnTxt(g.q), "VemoBtnTxt1", {eButton});
     g.flex->viewport()->installEventFilter(this);
     g.flex->setMouseIcon(QCursor(Qt::PointingHandCursor));

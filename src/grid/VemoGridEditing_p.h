@@ -22,8 +22,8 @@ class VemoGridPrivate;
 void selectWholeText(CellEditor& editor);
 
 /// The session between a VemoGrid and its cell editors. One hidden editor of each kind is
-/// created with the grid (`VemoTextBox1`, `VemoCheckBox1`, `VemoComboBox1`, `VemoBtnTxt1`;
-/// date columns open none until the date editor `VemoDTPicker1` joins them). When a data
+/// created with the grid (`VemoTextBox1`, `VemoCheckBox1`, `VemoComboBox1`, `VemoDTPicker1`,
+/// `VemoBtnTxt1`). When a data
 /// cell becomes current by a click or a move key, the editor of its column type is loaded from
 /// the cell and its `Column`, laid over the cell and focused; leaving the cell commits its text
 /// through the editor's `Validate`. The session is the editors' receiver and raises the grid's

@@ -115,7 +115,7 @@ private slots:
         row("check box", eCheckBox, "VemoCheckBox1");
         row("button", eButton, "VemoBtnTxt1");
         row("combo box", eComboBox, "VemoComboBox1");
-        row("date: none yet", eCalendar, "");
+        row("date", eCalendar, "VemoDTPicker1", "2024-02-10");
         // A link opens through the shell and shows the link pointer; blanks are edited.
         row("hyperlink", ehyperlink, "", "https://example.org/");
         row("hyperlink, blanks only", ehyperlink, "VemoTextBox1", "   ");
@@ -498,6 +498,35 @@ private slots:
         QCOMPARE(current(g), QStringLiteral("1,2"));
         QCOMPARE(seen, (QStringList{"BeforeDropDown", "Select 1 B02", "Select 1 B02",
                                     "Select 2 B03", "Click 1,1"}));
+    }
+
+    void dateColumnEditsThroughThePicker()
+    {
+        VemoGrid& g = makeGrid(QStringLiteral("|Date|B"));
+        g.setColType(1, eCalendar);
+        g.setLunarCalendar(true);
+        QStringList chosen;
+        connect(&g, &VemoGrid::CellComboClick, this, [&](int row, int& col, QString& value) {
+            chosen << QString("%1,%2 %3").arg(row).arg(col).arg(value);
+        });
+        // Typed and left with Enter, the date is stored in its form.
+        clickCell(g, 1, 1);
+        QTest::keyClicks(focused(), QStringLiteral("2024-2-5"));
+        press(Qt::Key_Return);
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("2024-02-05"));
+        // Picked from the calendar: F4, a day to the right, Enter takes it, Enter stores it.
+        clickCell(g, 1, 1);
+        press(Qt::Key_F4);
+        auto* const calendar = g.findChild<QWidget*>(QStringLiteral("CC"));
+        QVERIFY(calendar && calendar->isVisible());
+        QVERIFY(calendar->property("LunarCalendar").toBool());
+        press(Qt::Key_Right);
+        press(Qt::Key_Return);
+        QCOMPARE(chosen, QStringList{"1,1 2024-02-06"});
+        QCOMPARE(current(g), QStringLiteral("1,1"));
+        press(Qt::Key_Return);
+        QCOMPARE(g.TextMatrix(1, 1), QStringLiteral("2024-02-06"));
+        QCOMPARE(current(g), QStringLiteral("1,2"));
     }
 
     void btnClickHandlerWritesTheCell_data()
