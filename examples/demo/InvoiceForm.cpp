@@ -11,6 +11,7 @@
 #include <VemoGridLib/VbFormat.h>
 #include <VemoGridLib/VbStrings.h>
 #include <VemoGridLib/VemoComboBox.h>
+#include <VemoGridLib/VemoDTPicker.h>
 #include <VemoGridLib/VemoGrid.h>
 
 #include <QDir>
@@ -116,7 +117,7 @@ constexpr const char* HintText =
     "Product: F4 or ▾ opens the catalogue, typing a code finds it, Enter or a click picks it "
     "and fills name and price · Space ticks Paid · … in Notes opens the whole note · a click "
     "on a link opens it in the browser · Alt+↑/↓ or the wheel scrolls · the amount follows "
-    "price and quantity · dates have no editor yet.";
+    "price and quantity · Date: type it, or F4 opens the month with its lunar dates.";
 
 /// The suppliers of the picker above the grid: code, name, city (tab-separated list rows).
 constexpr std::array<const char*, 5> Suppliers = {
@@ -185,6 +186,7 @@ InvoiceForm::InvoiceForm(QWidget* parent)
     : QWidget(parent)
     , m_grid(new VemoGrid(this))
     , m_supplier(new VemoComboBox(this))
+    , m_delivery(new VemoDTPicker(this))
     , m_status(new QStatusBar(this))
 {
     auto* addButton = new QPushButton(QStringLiteral("Add row"), this);
@@ -215,6 +217,16 @@ InvoiceForm::InvoiceForm(QWidget* parent)
     auto* supplierRow = new QHBoxLayout;
     supplierRow->addWidget(supplierLabel);
     supplierRow->addWidget(m_supplier);
+    // A standalone date picker whose calendar shows lunar dates, solar terms and festivals.
+    auto* deliveryLabel = new QLabel(QStringLiteral("&Delivery date:"), this);
+    deliveryLabel->setBuddy(m_delivery->findChild<QWidget*>(QStringLiteral("txtInput")));
+    m_delivery->setLunarCalendar(true);
+    m_delivery->setValue(QDate::currentDate().addDays(7));
+    m_delivery->setFixedSize(160, QFontMetrics(font()).height() + 10);
+    m_delivery->setToolTip(QStringLiteral("Type a date, or open the month with F4 or the button."));
+    supplierRow->addSpacing(24);
+    supplierRow->addWidget(deliveryLabel);
+    supplierRow->addWidget(m_delivery);
     supplierRow->addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(hint);

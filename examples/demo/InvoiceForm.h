@@ -11,6 +11,7 @@ QT_END_NAMESPACE
 namespace VemoGridLib {
 class Column;
 class VemoComboBox;
+class VemoDTPicker;
 class VemoGrid;
 }
 
@@ -67,6 +68,8 @@ private:
 
     VemoGridLib::VemoGrid* m_grid;
     VemoGridLib::VemoComboBox* m_supplier;
+    /// The delivery date, standing alone above the grid.
+    VemoGridLib::VemoDTPicker* m_delivery;
     QStatusBar* m_status;
     /// The last action shown; a click that only moves the marker keeps it in the status line.
     QString m_action;

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 namespace VemoGridLib {
 
@@ -249,6 +250,14 @@ void CellEditor::Refresh()
     update();
     if (m_field)
         m_field->update();
+}
+
+QSize CellEditor::sizeHint() const
+{
+    if (!m_field)
+        return QWidget::sizeHint();
+    const QSize field = m_field->sizeHint();
+    return QSize(field.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent), field.height());
 }
 
 bool CellEditor::hasTextField() const

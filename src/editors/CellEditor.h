@@ -94,6 +94,8 @@ public:
     QFont Font() const;
     /// Repaints the editor.
     void Refresh();
+    /// A text field's size, with room for a drop button, for an editor placed in a layout.
+    QSize sizeHint() const override;
     /// True for an editor with an inner text field, in which Left and Right move the caret.
     bool hasTextField() const;
     /// Date editors show lunar dates; the other editors ignore it.
