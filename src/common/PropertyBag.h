@@ -2,6 +2,7 @@
 // The container's property bag: where a form's saved control settings live.
 #pragma once
 
+#include <VemoGridLib/ErrorGuard.h>
 #include <VemoGridLib/VemoGridLibExport.h>
 
 #include <QString>
@@ -29,5 +30,23 @@ protected:
     PropertyBag(const PropertyBag&) = default;
     PropertyBag& operator=(const PropertyBag&) = default;
 };
+
+/// One setting of a control's `ReadProperties`: the value stored under `name` (or
+/// `defaultValue`) is handed to `apply`. A failure — a value of the wrong kind, a setter's
+/// refusal — is reported under `where` and skips this setting alone.
+template <typename Apply>
+void readSetting(const PropertyBag& bag, const char* where, const char* name,
+                 const QVariant& defaultValue, Apply&& apply)
+{
+    catchingErrors(where,
+                   [&] { apply(bag.ReadProperty(QString::fromLatin1(name), defaultValue)); });
+}
+
+/// One setting of a control's `WriteProperties`; a failure skips this setting alone.
+VEMOGRIDLIB_EXPORT void writeSetting(PropertyBag& bag, const char* where, const char* name,
+                                     const QVariant& value, const QVariant& defaultValue);
+
+/// The whole number a saved setting holds (a Boolean as 1 or 0); VemoError 13 for anything else.
+VEMOGRIDLIB_EXPORT qlonglong savedNumber(const QVariant& value);
 
 } // namespace VemoGridLib

@@ -428,16 +428,9 @@ void VemoCalendar::InitProperties()
 void VemoCalendar::ReadProperties(const PropertyBag& bag)
 {
     const auto read = [&bag](const char* name, const QVariant& defaultValue, auto&& apply) {
-        catchingErrors("VemoCalendar ReadProperties",
-                       [&] { apply(bag.ReadProperty(QString::fromLatin1(name), defaultValue)); });
+        readSetting(bag, "VemoCalendar ReadProperties", name, defaultValue, apply);
     };
-    const auto number = [](const QVariant& value) {
-        bool ok = false;
-        const qlonglong n = value.toLongLong(&ok); // a bool reads as 1 or 0
-        if (!ok)
-            throw VemoError::typeMismatch();
-        return n;
-    };
+    const auto number = savedNumber;
     const QWidget* const container = parentWidget();
     read("Value", QDate::currentDate(), [&](const QVariant& v) { setValue(savedDate(v)); });
     read("SelectColor", NewSelectColor,
@@ -457,8 +450,7 @@ void VemoCalendar::ReadProperties(const PropertyBag& bag)
 void VemoCalendar::WriteProperties(PropertyBag& bag) const
 {
     const auto write = [&bag](const char* name, const QVariant& value, const QVariant& saved) {
-        catchingErrors("VemoCalendar WriteProperties",
-                       [&] { bag.WriteProperty(QString::fromLatin1(name), value, saved); });
+        writeSetting(bag, "VemoCalendar WriteProperties", name, value, saved);
     };
     // "today" moves on, so the date is always written, as its day serial like any VB date.
     write("Value", vb::DateToSerial(d->value.startOfDay(Qt::UTC)), QVariant());

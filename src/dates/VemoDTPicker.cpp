@@ -458,16 +458,9 @@ void VemoDTPicker::InitProperties()
 void VemoDTPicker::ReadProperties(const PropertyBag& bag)
 {
     const auto read = [&bag](const char* name, const QVariant& defaultValue, auto&& apply) {
-        catchingErrors("VemoDTPicker ReadProperties",
-                       [&] { apply(bag.ReadProperty(QString::fromLatin1(name), defaultValue)); });
+        readSetting(bag, "VemoDTPicker ReadProperties", name, defaultValue, apply);
     };
-    const auto number = [](const QVariant& value) {
-        bool ok = false;
-        const qlonglong n = value.toLongLong(&ok); // a bool reads as 1 or 0
-        if (!ok)
-            throw VemoError::typeMismatch();
-        return n;
-    };
+    const auto number = savedNumber;
     const QWidget* const container = parentWidget();
     read("Enabled", true, [&](const QVariant& v) { setEnabled(number(v) != 0); });
     read("Locked", false, [&](const QVariant& v) { setLocked(number(v) != 0); });
@@ -487,8 +480,7 @@ void VemoDTPicker::ReadProperties(const PropertyBag& bag)
 void VemoDTPicker::WriteProperties(PropertyBag& bag) const
 {
     const auto write = [&bag](const char* name, const QVariant& value, const QVariant& saved) {
-        catchingErrors("VemoDTPicker WriteProperties",
-                       [&] { bag.WriteProperty(QString::fromLatin1(name), value, saved); });
+        writeSetting(bag, "VemoDTPicker WriteProperties", name, value, saved);
     };
     write("Enabled", isEnabled(), true);
     write("Locked", Locked(), false);

@@ -466,16 +466,9 @@ void VemoComboBox::InitProperties()
 void VemoComboBox::ReadProperties(const PropertyBag& bag)
 {
     const auto read = [&bag](const char* name, const QVariant& defaultValue, auto&& apply) {
-        catchingErrors("VemoComboBox ReadProperties",
-                       [&] { apply(bag.ReadProperty(QString::fromLatin1(name), defaultValue)); });
+        readSetting(bag, "VemoComboBox ReadProperties", name, defaultValue, apply);
     };
-    const auto number = [](const QVariant& value) {
-        bool ok = false;
-        const qlonglong n = value.toLongLong(&ok); // a bool reads as 1 or 0
-        if (!ok)
-            throw VemoError::typeMismatch();
-        return n;
-    };
+    const auto number = savedNumber;
     const QWidget* const container = parentWidget();
     read("Alignment", 0, [&](const QVariant& v) { setAlignment(int(number(v))); });
     read("BorderStyle", 1, [&](const QVariant& v) { setBorderStyle(int(number(v))); });
@@ -507,8 +500,7 @@ void VemoComboBox::WriteProperties(PropertyBag& bag) const
 {
     auto* const self = const_cast<VemoComboBox*>(this); // the list settings create the column
     const auto write = [&bag](const char* name, const QVariant& value, const QVariant& saved) {
-        catchingErrors("VemoComboBox WriteProperties",
-                       [&] { bag.WriteProperty(QString::fromLatin1(name), value, saved); });
+        writeSetting(bag, "VemoComboBox WriteProperties", name, value, saved);
     };
     write("Alignment", Alignment(), 0);
     write("BorderStyle", BorderStyle(), 1);
