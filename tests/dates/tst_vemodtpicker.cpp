@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// VemoDTPicker: the date text and its validation, the typed characters, opening the calendar,
-// its keys and clicks, closing it, its window on the screen and the saved settings.
+// VemoDTPicker: the date text, typing, the calendar's keys, clicks, closing and placement, and
+// the saved settings.
 #include <VemoGridLib/Column.h>
 #include <VemoGridLib/MemoryPropertyBag.h>
 #include <VemoGridLib/Twips.h>
@@ -9,6 +9,7 @@
 #include <VemoGridLib/VemoDTPicker.h>
 
 #include "RecordingReceiver.h"
+#include "ShownWindow.h"
 #include "VemoTestSupport.h"
 
 #include <QInputMethodEvent>
@@ -67,9 +68,7 @@ private slots:
         picker->setGeometry(10, 10, 150, 24);
         other = new QLineEdit(form);
         other->setGeometry(10, 50, 100, 24);
-        form->show();
-        form->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(form));
+        QVERIFY(VemoTest::showActive(*form));
         host = PickerHost();
         host.picker = picker;
         picker->setEventReceiver(&host);
@@ -107,7 +106,6 @@ private slots:
         QFETCH(bool, validate);
         QFETCH(QVariant, input);
         QFETCH(QString, format);
-        QFETCH(QString, shown);
         QFETCH(QVariant, result);
         Column column;
         column.setFormatString(format);
@@ -120,7 +118,7 @@ private slots:
             picker->setValue(input);
             QCOMPARE(picker->Value(), result);
         }
-        QCOMPARE(picker->Text(), shown);
+        QTEST(picker->Text(), "shown");
         QCOMPARE(host.log, QStringList()); // neither is a user's change
     }
 
@@ -166,14 +164,12 @@ private slots:
                                                      << QDate() << false << 1 << QStringList();
         row("F4 opens on the text's date", {}, QDate(2024, 2, 10));
         row("F4 again closes", {{f4, 0}}, QDate(2024, 2, 10), false);
-        row("Up", {{Qt::Key_Up, 0}}, QDate(2024, 2, 3));
-        row("Down", {{Qt::Key_Down, 0}}, QDate(2024, 2, 17));
-        row("Left", {{Qt::Key_Left, 0}}, QDate(2024, 2, 9));
-        row("Right", {{Qt::Key_Right, 0}}, QDate(2024, 2, 11));
-        row("PageUp", {{Qt::Key_PageUp, 0}}, QDate(2024, 1, 10));
-        row("PageDown", {{Qt::Key_PageDown, 0}}, QDate(2024, 3, 10));
-        row("Ctrl+PageUp", {{Qt::Key_PageUp, ctrl}}, QDate(2023, 2, 10));
-        row("Ctrl+PageDown", {{Qt::Key_PageDown, ctrl}}, QDate(2025, 2, 10));
+        row("Up, Right", {{Qt::Key_Up, 0}, {Qt::Key_Right, 0}}, QDate(2024, 2, 4));
+        row("Down, Left", {{Qt::Key_Down, 0}, {Qt::Key_Left, 0}}, QDate(2024, 2, 16));
+        row("PageUp, Ctrl+PageDown", {{Qt::Key_PageUp, 0}, {Qt::Key_PageDown, ctrl}},
+            QDate(2025, 1, 10));
+        row("PageDown, Ctrl+PageUp", {{Qt::Key_PageDown, 0}, {Qt::Key_PageUp, ctrl}},
+            QDate(2023, 3, 10));
         row("Home", {{Qt::Key_Home, 0}}, QDate(2024, 2, 1));
         row("End of a leap February", {{Qt::Key_End, 0}}, QDate(2024, 2, 29));
         row("Esc closes", {{Qt::Key_Escape, 0}}, QDate(2024, 2, 10), false);
@@ -245,11 +241,8 @@ private slots:
         else if (how == "button")
             QTest::mouseClick(button, Qt::LeftButton);
         QWidget another;
-        if (how == "activate") {
-            another.show();
-            another.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&another));
-        }
+        if (how == "activate")
+            QVERIFY(VemoTest::showActive(another));
         QVERIFY(!picker->IsDropDown());
         QCOMPARE(reports(), reported);
     }

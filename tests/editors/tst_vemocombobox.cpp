@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// VemoComboBox: searching the list while typing, the keys and clicks of the open list, its
-// window on the screen, the combo's own events standing alone, and its saved settings.
+// VemoComboBox: searching while typing, the open list's keys, clicks and window, the combo's
+// own events standing alone, and its saved settings.
 #include <VemoGridLib/Column.h>
 #include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/MemoryPropertyBag.h>
@@ -8,6 +8,7 @@
 #include <VemoGridLib/VemoComboBox.h>
 
 #include "RecordingReceiver.h"
+#include "ShownWindow.h"
 #include "flexgrid/FlexGridHosting_p.h"
 
 #include <QLineEdit>
@@ -19,7 +20,7 @@
 
 using namespace VemoGridLib;
 
-/// The reports other than key reports (the editor contract's own tests check those).
+/// The reports other than key reports.
 QStringList listReports(const QStringList& log)
 {
     return log.filter(QRegularExpression("^(?!Key)"));
@@ -57,9 +58,7 @@ private slots:
         combo->setGeometry(10, 10, 200, 24);
         other = new QLineEdit(form);
         other->setGeometry(10, 50, 100, 24);
-        form->show();
-        form->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(form));
+        QVERIFY(VemoTest::showActive(*form));
         combo->setEventReceiver(&host);
         field()->setFocus();
         host = VemoTest::RecordingReceiver();
@@ -113,30 +112,24 @@ private slots:
         QTest::addColumn<int>("topRow");
         QTest::addColumn<bool>("open");
         const int up = Qt::Key_Up, down = Qt::Key_Down;
-        QTest::newRow("up on the first row") << QList{up} << QStringList() << 1 << 1 << true;
-        QTest::newRow("down, up") << QList{down, up}
-                                  << QStringList{"CellComboSelect 1", "CellComboSelect 0"} << 1 << 1
-                                  << true;
-        QTest::newRow("down past the last row")
-            << QList{down, down, down, down, down}
-            << QStringList{"CellComboSelect 1", "CellComboSelect 2", "CellComboSelect 3",
-                           "CellComboSelect 4", "CellComboSelect 4"}
-            << 5 << 3 << true;
-        QTest::newRow("page down")
-            << QList<int>{Qt::Key_PageDown} << QStringList{"CellComboSelect 2"} << 3 << 3 << true;
-        QTest::newRow("enter commits")
-            << QList<int>{down, Qt::Key_Return}
-            << QStringList{"CellComboSelect 1", "Change", "CellComboClick"} << 2 << 1 << false;
-        QTest::newRow("esc closes")
-            << QList<int>{Qt::Key_Escape} << QStringList() << 1 << 1 << false;
+        const auto row = [](const char* name, QList<int> keys, QStringList reports, int row,
+                            int topRow, bool open = true) {
+            QTest::newRow(name) << keys << reports << row << topRow << open;
+        };
+        const QString s1 = "CellComboSelect 1", s2 = "CellComboSelect 2", s4 = "CellComboSelect 4";
+        row("up on the first row", {up}, {}, 1, 1);
+        row("down, up", {down, up}, {s1, "CellComboSelect 0"}, 1, 1);
+        row("down past the last row", {down, down, down, down, down},
+            {s1, s2, "CellComboSelect 3", s4, s4}, 5, 3);
+        row("page down", {Qt::Key_PageDown}, {s2}, 3, 3);
+        row("enter commits", {down, Qt::Key_Return}, {s1, "Change", "CellComboClick"}, 2, 1, false);
+        row("esc closes", {Qt::Key_Escape}, {}, 1, 1, false);
     }
 
     void keys()
     {
         QFETCH(QList<int>, keys);
-        QFETCH(QStringList, reports);
         QFETCH(int, row);
-        QFETCH(int, topRow);
         QFETCH(bool, open);
         addItems({"v1\tone", "v2\ttwo", "v3\tthree", "v4\tfour", "v5\tfive"});
         combo->setVisibleRows(3);
@@ -145,9 +138,9 @@ private slots:
         host.log.clear();
         for (const int key : keys)
             QTest::keyClick(field(), Qt::Key(key));
-        QCOMPARE(listReports(host.log), reports);
+        QTEST(listReports(host.log), "reports");
         QCOMPARE(grid()->Row(), row);
-        QCOMPARE(grid()->TopRow(), topRow);
+        QTEST(grid()->TopRow(), "topRow");
         QCOMPARE(combo->IsDropDown(), open);
         QCOMPARE(combo->Text(), open || row == 1 ? QString() : QString("v%1").arg(row));
     }
@@ -171,14 +164,13 @@ private slots:
         QFETCH(QString, item);
         QFETCH(int, selectCol);
         QFETCH(QString, text);
-        QFETCH(QStringList, reports);
         combo->AddItem(item);
         combo->setSelectCol(qint16(selectCol));
         combo->DropDown();
         QTest::keyClicks(field(), "zz");
         host.log.clear();
         QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, rowPoint(1));
-        QCOMPARE(listReports(host.log), reports);
+        QTEST(listReports(host.log), "reports");
         QVERIFY(!combo->IsDropDown());
         QCOMPARE(combo->Text(), text);
         QCOMPARE(combo->SelLength(), text.size());
@@ -242,8 +234,8 @@ private slots:
                 [&](int index, const QString& value) { raised << QString::number(index) + value; });
         own->DropDown();
         own->findChild<QLineEdit*>("txtInput")->setText("a");
-        const QStringList all{"BeforeDropDown", "Change", "0apple"};
-        QCOMPARE(raised, hosted ? QStringList() : all);
+        const QStringList raisedAlone{"BeforeDropDown", "Change", "0apple"};
+        QCOMPARE(raised, hosted ? QStringList() : raisedAlone);
         const QStringList reported{"BeforeDropDown", "Change", "CellComboSelect 0"};
         QCOMPARE(host.log, hosted ? reported : QStringList());
     }
@@ -267,14 +259,11 @@ private slots:
         QVERIFY(field()->hasFocus()); // the list window takes no focus
         QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, rowPoint(0));
         QCoreApplication::processEvents(); // offscreen activates the shown list window
-        QVERIFY(
-            combo->IsDropDown()); // neither a press inside the list nor its activation closes it
+        QVERIFY(combo->IsDropDown()); // a press inside the list and its activation leave it open
         QWidget another;
-        if (how == "activate") {
-            another.show();
-            another.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&another));
-        } else if (how == "outside")
+        if (how == "activate")
+            QVERIFY(VemoTest::showActive(another));
+        else if (how == "outside")
             QTest::mouseClick(other, Qt::LeftButton);
         else if (how == "button")
             QTest::mouseClick(button, Qt::LeftButton);
@@ -330,19 +319,16 @@ private slots:
     void dataSourceFillsList()
     {
         QFETCH(QString, listHeader);
-        QFETCH(QString, header);
         QStandardItemModel model(2, 2);
         model.setHorizontalHeaderLabels({"Code", "Name"});
-        for (int r = 0; r < 2; ++r) {
-            for (int c = 0; c < 2; ++c)
-                model.setItem(r, c, new QStandardItem(QString("%1%2").arg(r).arg(c)));
-        }
+        for (int i = 0; i < 4; ++i)
+            model.setItem(i / 2, i % 2, new QStandardItem(QString("%1%2").arg(i / 2).arg(i % 2)));
         combo->AddItem("ignored");
         combo->setDataSource(&model);
         combo->setListHeader(listHeader);
         combo->DropDown();
         QCOMPARE(combo->Rows(), 3);
-        QCOMPARE(combo->RowText(0), header);
+        QTEST(combo->RowText(0), "header");
         QCOMPARE(combo->RowText(2), QString("10\t11"));
     }
 
@@ -362,10 +348,9 @@ private slots:
         combo->setProperty("MousePointer", 50); // refused, stays 2
         MemoryPropertyBag bag;
         combo->WriteProperties(bag);
-        const QStringList saved{"BorderStyle", "Font",        "Text",
-                                "ListWidth",   "VisibleRows", "Locked",
-                                "SelectCol",   "HotTracking", "MousePointer"};
-        QCOMPARE(bag.names(), saved);
+        QCOMPARE(bag.names(),
+                 (QStringList{"BorderStyle", "Font", "Text", "ListWidth", "VisibleRows", "Locked",
+                              "SelectCol", "HotTracking", "MousePointer"}));
         VemoComboBox loaded;
         loaded.ReadProperties(bag);
         MemoryPropertyBag again;
