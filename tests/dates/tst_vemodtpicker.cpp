@@ -156,12 +156,10 @@ private slots:
             << "" << KeyList{{Qt::Key_Menu, 0}} << today << true << 0 << opened;
         QTest::newRow("Alt+Down on no date: today")
             << "12-" << KeyList{{Qt::Key_Down, Qt::AltModifier}} << today << true << 3 << opened;
-        QTest::newRow("closed: keys reach the text") << "2024-02-10"
-                                                     << KeyList{{Qt::Key_Home, 0},
-                                                                {Qt::Key_Right, 0},
-                                                                {Qt::Key_Down, 0},
-                                                                {Qt::Key_Return, 0}}
-                                                     << QDate() << false << 1 << QStringList();
+        const KeyList closedKeys{
+            {Qt::Key_Home, 0}, {Qt::Key_Right, 0}, {Qt::Key_Down, 0}, {Qt::Key_Return, 0}};
+        QTest::newRow("closed: keys reach the text")
+            << "2024-02-10" << closedKeys << QDate() << false << 1 << QStringList();
         row("F4 opens on the text's date", {}, QDate(2024, 2, 10));
         row("F4 again closes", {{f4, 0}}, QDate(2024, 2, 10), false);
         row("Up, Right", {{Qt::Key_Up, 0}, {Qt::Key_Right, 0}}, QDate(2024, 2, 4));

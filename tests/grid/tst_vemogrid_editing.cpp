@@ -360,17 +360,15 @@ private slots:
         QTest::addColumn<int>("scrollType");
         QTest::addColumn<QList<int>>("wheelDeltas");
         QTest::addColumn<QList<int>>("topRows");
-        // Alt+Down and a wheel notch of -120 step down by ScrollNum; fine deltas do nothing.
-        QTest::newRow("notches down")
-            << int(VemoScrollAuto) << QList<int>{-120, -120} << QList<int>{4, 7};
-        QTest::newRow("notch up stops at the fixed rows")
-            << int(VemoScrollVertical) << QList<int>{-120, 120, 120} << QList<int>{4, 1, 1};
-        QTest::newRow("fine deltas do not scroll")
-            << int(VemoScrollAuto) << QList<int>{-60, -119, 240} << QList<int>{1, 1, 1};
-        QTest::newRow("horizontal without a horizontal bar")
-            << int(VemoScrollHorizontal) << QList<int>{-120} << QList<int>{1};
-        QTest::newRow("ScrollNone leaves the wheel to the grid")
-            << int(VemoScrollNone) << QList<int>{-120} << QList<int>{4};
+        const auto row = [](const char* name, int type, QList<int> deltas, QList<int> tops) {
+            QTest::newRow(name) << type << deltas << tops;
+        };
+        // A wheel notch of -120 steps down by ScrollNum; fine deltas do nothing.
+        row("notches down", VemoScrollAuto, {-120, -120}, {4, 7});
+        row("notch up stops at the fixed rows", VemoScrollVertical, {-120, 120, 120}, {4, 1, 1});
+        row("fine deltas do not scroll", VemoScrollAuto, {-60, -119, 240}, {1, 1, 1});
+        row("horizontal without a horizontal bar", VemoScrollHorizontal, {-120}, {1});
+        row("ScrollNone leaves the wheel to the grid", VemoScrollNone, {-120}, {4});
     }
     void stepScrolling()
     {
