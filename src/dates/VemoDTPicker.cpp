@@ -8,6 +8,7 @@
 #include "common/VemoError.h"
 #include "dates/VemoCalendar.h"
 #include "editors/Column.h"
+#include "editors/DropDownWindow_p.h"
 #include "editors/ICellEventReceiver.h"
 #include "editors/VemoArrow.h"
 #include "vb/VbDateTime.h"
@@ -15,11 +16,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QPointer>
-#include <QScreen>
-#include <QStyle>
-
-#include <algorithm>
 
 namespace VemoGridLib {
 
@@ -31,42 +27,19 @@ constexpr OleColor NewBackColor = 0xFFFFFF;
 constexpr short ShiftCtrl = 2;
 constexpr short ShiftAlt = 4;
 
-bool belongsTo(const QWidget* widget, const QWidget* picker)
-{
-    // Across window boundaries: the calendar's window is a child window of the picker.
-    for (; widget; widget = widget->parentWidget()) {
-        if (widget == picker)
-            return true;
-    }
-    return false;
-}
-
 } // namespace
-
-/// Watches the whole application while the calendar is open: a press outside the picker and
-/// its calendar, and a move, resize or deactivation of the picker's window, close it; the
-/// window follows the calendar's size, which the calendar sets itself.
-class DropWatch final : public QObject
-{
-public:
-    explicit DropWatch(VemoDTPickerPrivate& picker)
-        : d(picker)
-    {}
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    VemoDTPickerPrivate& d;
-};
 
 class VemoDTPickerPrivate
 {
 public:
     explicit VemoDTPickerPrivate(VemoDTPicker* picker)
         : q(picker)
-        , watch(*this)
-    {}
+        , drop(picker, [this] { closeUp(); })
+    {
+        // Handing the activation back keeps the picker's window active while the calendar is
+        // open, and the focus where it was.
+        drop.returnActivation();
+    }
 
     /// The date of the text, or an invalid QDateTime when the text is no date.
     QDateTime textDate() const;
@@ -74,9 +47,6 @@ public:
     QString formatted(const QDateTime& date);
     /// Writes `text` into the field without reporting `Change`.
     void writeQuietly(const QString& text);
-    /// Sizes the window to the calendar and puts it under the control, or above it when it
-    /// would pass the lower edge of the screen's available area.
-    void place();
     void closeUp();
     /// Takes the calendar's date into the text field, closes the calendar and reports
     /// `CellComboClick`.
@@ -86,59 +56,14 @@ public:
     void changed(const char* name) { Q_EMIT q->PropertyChanged(QString::fromLatin1(name)); }
 
     VemoDTPicker* q;
-    QLineEdit* field = nullptr;
-    VemoArrow* button = nullptr;
-    QWidget* window = nullptr;
+    DropDownWindow drop;
+    QLineEdit* const field = drop.field();
     VemoCalendar* calendar = nullptr;
     std::unique_ptr<Column> ownColumn;
-    DropWatch watch;
     OleColor selectColor = NewSelectColor;
     bool lunar = false;
     bool armed = true;
-    /// The widget that had the focus when the calendar opened.
-    QPointer<QWidget> focusAtOpen;
 };
-
-bool DropWatch::eventFilter(QObject* watched, QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::NonClientAreaMouseButtonPress:
-        // Presses reach the window objects too; the widget that gets one decides.
-        if (watched->isWidgetType() && !belongsTo(static_cast<QWidget*>(watched), d.q))
-            d.closeUp();
-        break;
-    case QEvent::WindowActivate:
-        // A platform that activates every window it shows (offscreen, some compositors) makes
-        // the calendar's window the active one: the picker's window gets the activation back,
-        // and the widget that had the focus gets it again.
-        if (watched == d.window) {
-            d.q->window()->activateWindow();
-            if (d.focusAtOpen)
-                d.focusAtOpen->setFocus();
-        }
-        break;
-    case QEvent::WindowDeactivate: {
-        // Only a window outside the picker and its own window taking over closes it.
-        const QWidget* const active = QApplication::activeWindow();
-        if ((watched == d.q->window() || watched == d.window) && active != d.q->window() &&
-            !belongsTo(active, d.q))
-            d.closeUp();
-        break;
-    }
-    case QEvent::Move:
-    case QEvent::Resize:
-    case QEvent::Hide:
-        if (watched == d.q->window())
-            d.closeUp();
-        else if (watched == d.calendar && event->type() == QEvent::Resize)
-            d.place();
-        break;
-    default:
-        break;
-    }
-    return false;
-}
 
 QDateTime VemoDTPickerPrivate::textDate() const
 {
@@ -159,22 +84,9 @@ void VemoDTPickerPrivate::writeQuietly(const QString& text)
     armed = true;
 }
 
-void VemoDTPickerPrivate::place()
-{
-    window->resize(calendar->size());
-    const int height = window->height();
-    QPoint at = q->mapToGlobal(QPoint(0, q->height()));
-    const QScreen* const screen = q->screen() ? q->screen() : QGuiApplication::primaryScreen();
-    const QRect area = screen->availableGeometry();
-    if (at.y() + height > area.bottom() + 1)
-        at.setY(q->mapToGlobal(QPoint(0, 0)).y() - height);
-    window->move(at);
-}
-
 void VemoDTPickerPrivate::closeUp()
 {
-    qApp->removeEventFilter(&watch);
-    window->hide();
+    drop.hide();
 }
 
 void VemoDTPickerPrivate::choose()
@@ -200,23 +112,12 @@ VemoDTPicker::VemoDTPicker(QWidget* parent)
     : CellEditor(parent)
     , d(std::make_unique<VemoDTPickerPrivate>(this))
 {
-    d->field = new QLineEdit(this);
-    d->field->setObjectName(QStringLiteral("txtInput"));
     setTextField(d->field);
-    d->button = new VemoArrow(this);
-    d->button->setDirection(VemoArrow::ArrowDown);
-    // The button takes no focus: pressing it leaves the focus (and the keys) in txtInput.
-    d->button->setFocusPolicy(Qt::NoFocus);
-    setFocusPolicy(Qt::NoFocus);
-    connect(d->button, &VemoArrow::Click, this,
+    connect(d->drop.button(), &VemoArrow::Click, this,
             [this] { catchingErrors("VemoDTPicker button", [this] { BeginDropDown(); }); });
-    // A tool window of the picker that never takes the focus: txtInput keeps it, so the keys
-    // keep coming to the field, and the focus-loss check counts the window as the picker's.
-    d->window =
-        new QWidget(this, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-    d->window->setAttribute(Qt::WA_ShowWithoutActivating);
-    d->window->setFocusPolicy(Qt::NoFocus);
-    d->calendar = new VemoCalendar(d->window);
+    d->calendar = new VemoCalendar(d->drop.window());
+    // The window takes the calendar's size, which the calendar sets itself.
+    d->drop.follow(d->calendar);
     d->calendar->setObjectName(QStringLiteral("CC"));
     // Nothing in the window takes the focus, the calendar's arrow buttons neither: keys for
     // the calendar come through txtInput.
@@ -229,10 +130,7 @@ VemoDTPicker::VemoDTPicker(QWidget* parent)
     InitProperties();
 }
 
-VemoDTPicker::~VemoDTPicker()
-{
-    qApp->removeEventFilter(&d->watch);
-}
+VemoDTPicker::~VemoDTPicker() = default;
 
 bool VemoDTPicker::Validate()
 {
@@ -273,7 +171,7 @@ void VemoDTPicker::setValue(const QVariant& value)
 
 bool VemoDTPicker::IsDropDown() const
 {
-    return d->calendar->isVisible();
+    return d->drop.isOpen();
 }
 
 Column* VemoDTPicker::dateColumn()
@@ -310,11 +208,8 @@ void VemoDTPicker::BeginDropDown()
     calendar.setBackColor(BackColor());
     calendar.setForeColor(ForeColor());
     calendar.setLunarCalendar(d->lunar);
-    d->place();
-    d->focusAtOpen = QApplication::focusWidget();
-    qApp->installEventFilter(&d->watch);
-    // A newly shown window comes to the front.
-    d->window->show();
+    d->drop.placeUnder(calendar.size());
+    d->drop.show();
 }
 
 bool VemoDTPicker::handleKeyDown(short keyCode, short shift)
@@ -378,9 +273,7 @@ void VemoDTPicker::changeEvent(QEvent* event)
 void VemoDTPicker::resizeEvent(QResizeEvent* event)
 {
     CellEditor::resizeEvent(event);
-    const int button = std::min(width() / 2, style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-    d->field->setGeometry(0, 0, width() - button, height());
-    d->button->setGeometry(width() - button, 0, button, height());
+    d->drop.layOut();
 }
 
 void VemoDTPicker::hideEvent(QHideEvent* event)

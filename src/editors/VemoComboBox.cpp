@@ -14,7 +14,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QStyle>
 
 #include <array>
 
@@ -32,16 +31,6 @@ constexpr std::array<Qt::CursorShape, 15> PointerShapes = {
     Qt::SizeAllCursor, Qt::SizeBDiagCursor, Qt::SizeVerCursor, Qt::SizeFDiagCursor,
     Qt::SizeHorCursor, Qt::UpArrowCursor,   Qt::WaitCursor,    Qt::ForbiddenCursor,
     Qt::BusyCursor,    Qt::WhatsThisCursor, Qt::SizeAllCursor};
-
-bool belongsTo(const QWidget* widget, const QWidget* combo)
-{
-    // Across window boundaries: the list window is a child window of the combo.
-    for (; widget; widget = widget->parentWidget()) {
-        if (widget == combo)
-            return true;
-    }
-    return false;
-}
 
 } // namespace
 
@@ -98,39 +87,10 @@ void ComboSelfReceiver::MouseUp(short& Button, short& Shift, float& x, float& y)
 void ComboSelfReceiver::ButtonClick() {}
 void ComboSelfReceiver::ExitLocus() {}
 
-bool ComboOutsideWatch::eventFilter(QObject* watched, QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::NonClientAreaMouseButtonPress:
-        // Presses reach the window objects too; the widget that gets one decides.
-        if (watched->isWidgetType() && !belongsTo(static_cast<QWidget*>(watched), q))
-            q->CloseUp();
-        break;
-    case QEvent::WindowDeactivate:
-        // A platform that activates every window it shows (offscreen, some compositors)
-        // makes the list itself the active window: only a window outside the combo taking
-        // over closes the list.
-        if ((watched == q->window() || watched == q->list()->window()) &&
-            !belongsTo(QApplication::activeWindow(), q))
-            q->CloseUp();
-        break;
-    case QEvent::Move:
-    case QEvent::Resize:
-    case QEvent::Hide:
-        if (watched == q->window())
-            q->CloseUp();
-        break;
-    default:
-        break;
-    }
-    return false;
-}
-
 VemoComboBoxPrivate::VemoComboBoxPrivate(VemoComboBox* combo)
     : q(combo)
+    , drop(combo, [this] { q->CloseUp(); })
     , self(combo)
-    , watch(combo)
 {}
 
 // ---- the control ----------------------------------------------------------------------------
@@ -139,15 +99,8 @@ VemoComboBox::VemoComboBox(QWidget* parent)
     : CellEditor(parent)
     , d(std::make_unique<VemoComboBoxPrivate>(this))
 {
-    d->field = new QLineEdit(this);
-    d->field->setObjectName(QStringLiteral("txtInput"));
     setTextField(d->field);
-    d->button = new VemoArrow(this);
-    d->button->setDirection(VemoArrow::ArrowDown);
-    // The button takes no focus: pressing it leaves the focus (and the keys) in txtInput.
-    d->button->setFocusPolicy(Qt::NoFocus);
-    setFocusPolicy(Qt::NoFocus);
-    connect(d->button, &VemoArrow::Click, this, [this] {
+    connect(d->drop.button(), &VemoArrow::Click, this, [this] {
         catchingErrors("VemoComboBox button", [this] { IsDropDown() ? CloseUp() : DropDown(); });
     });
     d->createList();
@@ -169,10 +122,7 @@ VemoComboBox::VemoComboBox(QWidget* parent)
     InitProperties();
 }
 
-VemoComboBox::~VemoComboBox()
-{
-    qApp->removeEventFilter(&d->watch);
-}
+VemoComboBox::~VemoComboBox() = default;
 
 bool VemoComboBox::Validate()
 {
@@ -193,7 +143,7 @@ void VemoComboBox::setValue(const QVariant& value)
 
 bool VemoComboBox::IsDropDown() const
 {
-    return d->window->isVisible();
+    return d->drop.isOpen();
 }
 
 Column* VemoComboBox::listColumn()
@@ -270,14 +220,12 @@ void VemoComboBox::DropDown()
         return;
     d->fill();
     d->place();
-    d->window->show();
-    qApp->installEventFilter(&d->watch);
+    d->drop.show();
 }
 
 void VemoComboBox::CloseUp()
 {
-    qApp->removeEventFilter(&d->watch);
-    d->window->hide();
+    d->drop.hide();
 }
 
 bool VemoComboBox::handleKeyDown(short keyCode, short shift)
@@ -353,9 +301,7 @@ void VemoComboBox::fieldTextChanged()
 void VemoComboBox::resizeEvent(QResizeEvent* event)
 {
     CellEditor::resizeEvent(event);
-    const int button = std::min(width() / 2, style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-    d->field->setGeometry(0, 0, width() - button, height());
-    d->button->setGeometry(width() - button, 0, button, height());
+    d->drop.layOut();
 }
 
 void VemoComboBox::showEvent(QShowEvent* event)

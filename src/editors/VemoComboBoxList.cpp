@@ -11,9 +11,7 @@
 #include "vb/VbStrings_p.h"
 
 #include <QAbstractItemModel>
-#include <QGuiApplication>
 #include <QLineEdit>
-#include <QScreen>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -43,12 +41,7 @@ void ignoringErrors(Step&& step)
 
 void VemoComboBoxPrivate::createList()
 {
-    // A tool window of the combo that never takes the focus: txtInput keeps it, so the keys
-    // keep coming to the field, and the focus-loss check counts the window as the combo's.
-    window = new QWidget(q, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-    window->setAttribute(Qt::WA_ShowWithoutActivating);
-    window->setFocusPolicy(Qt::NoFocus);
-    grid = new FlexGrid(window);
+    grid = new FlexGrid(drop.window());
     grid->setObjectName(QStringLiteral("grid"));
     grid->setFocusPolicy(Qt::NoFocus);
     grid->setFixedCols(0);
@@ -133,14 +126,8 @@ void VemoComboBoxPrivate::place()
         if (dataRows > shown)
             width += grid->verticalScrollBar()->sizeHint().width();
     }
-    QPoint at = q->mapToGlobal(QPoint(0, q->height()));
-    const QScreen* const screen = q->screen() ? q->screen() : QGuiApplication::primaryScreen();
-    const QRect area = screen->availableGeometry();
-    if (at.y() + height > area.bottom() + 1)
-        at.setY(q->mapToGlobal(QPoint(0, 0)).y() - height);
-    at.setX(std::clamp(at.x(), area.left(), std::max(area.left(), area.right() + 1 - width)));
-    window->setGeometry(QRect(at, QSize(std::max(width, 1), height)));
-    grid->setGeometry(window->rect());
+    drop.placeUnder(QSize(std::max(width, 1), height));
+    grid->setGeometry(drop.window()->rect());
 }
 
 int VemoComboBoxPrivate::search(const QString& text)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editors/Column.h"
+#include "editors/DropDownWindow_p.h"
 #include "editors/ICellEventReceiver.h"
 #include "editors/VemoComboBox.h"
 
@@ -19,7 +20,6 @@ QT_END_NAMESPACE
 namespace VemoGridLib {
 
 class FlexGrid;
-class VemoArrow;
 
 /// The receiver of a standalone combo: every report becomes the combo's own signal of the same
 /// name; `ButtonClick` and `ExitLocus` are no events of the combo.
@@ -48,22 +48,6 @@ private:
     VemoComboBox* q;
 };
 
-/// Watches the whole application while the list is open: a mouse press outside the combo and
-/// its list, and a move, resize or deactivation of the combo's window, close the list.
-class ComboOutsideWatch final : public QObject
-{
-public:
-    explicit ComboOutsideWatch(VemoComboBox* combo)
-        : q(combo)
-    {}
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    VemoComboBox* q;
-};
-
 class VemoComboBoxPrivate
 {
 public:
@@ -74,8 +58,7 @@ public:
     /// Rebuilds the list's rows from the column: the header row, then one row per item (or per
     /// row of the column's model).
     void fill();
-    /// Sizes the list window and puts it under the control, or above it when it would pass
-    /// the lower edge of the screen's available area.
+    /// Sizes the list window and puts it under the control.
     void place();
     /// The data index (row − 1) of the first row whose `SelectCol` cell starts with `text`
     /// under the column's `CompareMode`; −1 when none does.
@@ -95,13 +78,11 @@ public:
     void stepRow(int step);
 
     VemoComboBox* q;
-    QLineEdit* field = nullptr;
-    VemoArrow* button = nullptr;
-    QWidget* window = nullptr;
+    DropDownWindow drop;
+    QLineEdit* const field = drop.field();
     FlexGrid* grid = nullptr;
     std::unique_ptr<Column> ownColumn;
     ComboSelfReceiver self;
-    ComboOutsideWatch watch;
     bool armed = true;
     int mousePointer = 0;
     QPixmap mouseIcon;
