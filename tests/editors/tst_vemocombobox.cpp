@@ -246,6 +246,7 @@ private slots:
         QTest::newRow("outside click") << "outside";
         QTest::newRow("drop button") << "button";
         QTest::newRow("combo hidden") << "hide";
+        QTest::newRow("its window moves") << "move";
         QTest::newRow("another window active") << "activate";
     }
 
@@ -267,7 +268,10 @@ private slots:
             QTest::mouseClick(other, Qt::LeftButton);
         else if (how == "button")
             QTest::mouseClick(button, Qt::LeftButton);
-        else
+        else if (how == "move") {
+            form->move(form->pos() + QPoint(5, 5));
+            QCoreApplication::processEvents();
+        } else
             combo->hide();
         QVERIFY(!combo->IsDropDown());
     }
