@@ -53,7 +53,6 @@ public:
     void choose();
     /// The calendar's date moved by a key while it is open.
     void step(const QDate& date);
-    void changed(const char* name) { Q_EMIT q->PropertyChanged(QString::fromLatin1(name)); }
 
     VemoDTPicker* q;
     DropDownWindow drop;
@@ -261,15 +260,6 @@ void VemoDTPicker::fieldTextChanged()
         report("VemoDTPicker Change", [](ICellEventReceiver& host) { host.Change(); });
 }
 
-void VemoDTPicker::changeEvent(QEvent* event)
-{
-    CellEditor::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange)
-        d->changed("Enabled");
-    else if (event->type() == QEvent::FontChange)
-        d->changed("Font");
-}
-
 void VemoDTPicker::resizeEvent(QResizeEvent* event)
 {
     CellEditor::resizeEvent(event);
@@ -292,7 +282,7 @@ OleColor VemoDTPicker::SelectColor() const
 void VemoDTPicker::setSelectColor(OleColor color)
 {
     d->selectColor = color;
-    d->changed("SelectColor");
+    changed("SelectColor");
 }
 
 bool VemoDTPicker::LunarCalendar() const
@@ -303,37 +293,7 @@ bool VemoDTPicker::LunarCalendar() const
 void VemoDTPicker::setLunarCalendar(bool lunar)
 {
     d->lunar = lunar;
-    d->changed("LunarCalendar");
-}
-
-void VemoDTPicker::setLocked(bool locked)
-{
-    CellEditor::setLocked(locked);
-    d->changed("Locked");
-}
-
-void VemoDTPicker::setBorderStyle(int style)
-{
-    CellEditor::setBorderStyle(style);
-    d->changed("BorderStyle");
-}
-
-void VemoDTPicker::setAppearance(int appearance)
-{
-    CellEditor::setAppearance(appearance);
-    d->changed("Appearance");
-}
-
-void VemoDTPicker::setBackColor(OleColor color)
-{
-    CellEditor::setBackColor(color);
-    d->changed("BackColor");
-}
-
-void VemoDTPicker::setForeColor(OleColor color)
-{
-    CellEditor::setForeColor(color);
-    d->changed("ForeColor");
+    changed("LunarCalendar");
 }
 
 void VemoDTPicker::InitProperties()

@@ -77,13 +77,6 @@ public:
     bool LunarCalendar() const;
     void setLunarCalendar(bool lunar) override;
 
-    // Saved settings of the text field: each setter also reports `PropertyChanged`.
-    void setLocked(bool locked) override;
-    void setBorderStyle(int style);
-    void setAppearance(int appearance);
-    void setBackColor(OleColor color);
-    void setForeColor(OleColor color);
-
     /// The settings of a new control.
     void InitProperties();
     /// Restores the saved settings, each on its own (an unreadable value leaves that setting
@@ -92,15 +85,10 @@ public:
     /// Saves the settings, each against its default ("Font" always).
     void WriteProperties(PropertyBag& bag) const;
 
-Q_SIGNALS:
-    /// A setter changed the setting saved as `name`.
-    void PropertyChanged(const QString& name);
-
 protected:
     bool handleKeyDown(short keyCode, short shift) override;
     void filterKeyPress(short& keyAscii) override;
     void fieldTextChanged() override;
-    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

@@ -110,6 +110,7 @@ void CellEditor::setLocked(bool locked)
     m_locked = locked;
     if (m_field)
         m_field->setReadOnly(locked);
+    changed("Locked");
 }
 
 int CellEditor::MaxLength() const
@@ -124,6 +125,7 @@ void CellEditor::setMaxLength(int length)
 {
     if (m_field)
         m_field->setMaxLength(length <= 0 ? UnlimitedLength : length);
+    changed("MaxLength");
 }
 
 int CellEditor::SelStart() const
@@ -171,6 +173,7 @@ void CellEditor::setAlignment(int alignment)
     m_alignment = alignment;
     if (m_field)
         m_field->setAlignment(fieldAlignment(alignment));
+    changed("Alignment");
 }
 
 int CellEditor::Appearance() const
@@ -182,6 +185,7 @@ void CellEditor::setAppearance(int appearance)
 {
     m_appearance = appearance;
     update();
+    changed("Appearance");
 }
 
 int CellEditor::BorderStyle() const
@@ -195,6 +199,7 @@ void CellEditor::setBorderStyle(int style)
     if (m_field)
         m_field->setFrame(style != BorderNone);
     update();
+    changed("BorderStyle");
 }
 
 OleColor CellEditor::BackColor() const
@@ -207,6 +212,7 @@ void CellEditor::setBackColor(OleColor color)
     m_backColor = color;
     paintSurface(QPalette::Base, QPalette::Window, color);
     (m_field ? static_cast<QWidget*>(m_field) : this)->setAutoFillBackground(true);
+    changed("BackColor");
 }
 
 OleColor CellEditor::ForeColor() const
@@ -218,6 +224,7 @@ void CellEditor::setForeColor(OleColor color)
 {
     m_foreColor = color;
     paintSurface(QPalette::Text, QPalette::WindowText, color);
+    changed("ForeColor");
 }
 
 void CellEditor::paintSurface(QPalette::ColorRole fieldRole, QPalette::ColorRole ownRole,
@@ -233,6 +240,15 @@ void CellEditor::paintSurface(QPalette::ColorRole fieldRole, QPalette::ColorRole
     palette.setColor(fieldRole, painted);
     palette.setColor(ownRole, painted);
     surface->setPalette(palette);
+}
+
+void CellEditor::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        changed("Enabled");
+    else if (event->type() == QEvent::FontChange)
+        changed("Font");
 }
 
 bool CellEditor::Enabled() const

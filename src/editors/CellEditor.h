@@ -102,6 +102,10 @@ public:
     virtual void setLunarCalendar(bool lunar);
 
 Q_SIGNALS:
+    /// A setter changed the setting saved as `name` ("Locked", "MaxLength", "Alignment",
+    /// "Appearance", "BorderStyle", "BackColor", "ForeColor", "Enabled", "Font", and each
+    /// editor's own), so that a container marks the form modified.
+    void PropertyChanged(const QString& name);
     /// The focus went from this editor (or one of its parts or windows) to a widget outside it.
     /// A host that ends the edit on focus loss listens to this.
     void LostFocus();
@@ -111,6 +115,10 @@ protected:
 
     /// The receiver, or none.
     ICellEventReceiver* receiver() const;
+    /// Reports a changed setting under its saved name.
+    void changed(const char* name) { Q_EMIT PropertyChanged(QString::fromLatin1(name)); }
+    /// Enabled and Font are QWidget's own: their changes are reported from here.
+    void changeEvent(QEvent* event) override;
     /// Calls `report` with the receiver when there is one; a failure of the receiver is
     /// reported under `where` and goes no further. True when the report ran through or
     /// there was no receiver.

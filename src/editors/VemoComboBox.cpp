@@ -93,6 +93,16 @@ VemoComboBoxPrivate::VemoComboBoxPrivate(VemoComboBox* combo)
     , self(combo)
 {}
 
+void VemoComboBoxPrivate::showPointer()
+{
+    if (mousePointer == 0 || (mousePointer == 99 && mouseIcon.isNull()))
+        field->unsetCursor();
+    else if (mousePointer == 99)
+        field->setCursor(QCursor(mouseIcon));
+    else
+        field->setCursor(PointerShapes[std::size_t(mousePointer - 1)]);
+}
+
 // ---- the control ----------------------------------------------------------------------------
 
 VemoComboBox::VemoComboBox(QWidget* parent)
@@ -326,6 +336,7 @@ bool VemoComboBox::ShowHeader()
 void VemoComboBox::setShowHeader(bool show)
 {
     listColumn()->setShowHeader(show);
+    changed("ShowHeader");
 }
 qint16 VemoComboBox::ListWidth()
 {
@@ -334,6 +345,7 @@ qint16 VemoComboBox::ListWidth()
 void VemoComboBox::setListWidth(qint16 twips)
 {
     listColumn()->setListWidth(twips);
+    changed("ListWidth");
 }
 qint16 VemoComboBox::VisibleRows()
 {
@@ -342,6 +354,7 @@ qint16 VemoComboBox::VisibleRows()
 void VemoComboBox::setVisibleRows(qint16 rows)
 {
     listColumn()->setVisibleRows(rows);
+    changed("VisibleRows");
 }
 qint16 VemoComboBox::SelectCol()
 {
@@ -350,6 +363,7 @@ qint16 VemoComboBox::SelectCol()
 void VemoComboBox::setSelectCol(qint16 col)
 {
     listColumn()->setSelectCol(col);
+    changed("SelectCol");
 }
 bool VemoComboBox::HotTracking()
 {
@@ -358,6 +372,7 @@ bool VemoComboBox::HotTracking()
 void VemoComboBox::setHotTracking(bool track)
 {
     listColumn()->setHotTracking(track);
+    changed("HotTracking");
 }
 QAbstractItemModel* VemoComboBox::DataSource()
 {
@@ -378,12 +393,8 @@ void VemoComboBox::setMousePointer(int pointer)
     if ((pointer < 0 || pointer > int(PointerShapes.size())) && pointer != 99)
         throw VemoError(380, QStringLiteral("Invalid property value"));
     d->mousePointer = pointer;
-    if (pointer == 0 || (pointer == 99 && d->mouseIcon.isNull()))
-        d->field->unsetCursor();
-    else if (pointer == 99)
-        d->field->setCursor(QCursor(d->mouseIcon));
-    else
-        d->field->setCursor(PointerShapes[std::size_t(pointer - 1)]);
+    d->showPointer();
+    changed("MousePointer");
 }
 
 QPixmap VemoComboBox::MouseIcon() const
@@ -394,7 +405,8 @@ QPixmap VemoComboBox::MouseIcon() const
 void VemoComboBox::setMouseIcon(const QPixmap& icon)
 {
     d->mouseIcon = icon;
-    setMousePointer(d->mousePointer);
+    d->showPointer();
+    changed("MouseIcon");
 }
 
 // ---- saved settings ---------------------------------------------------------------------------

@@ -68,6 +68,8 @@ public:
     /// Makes `row` the current row, selects it across all columns and, when `reveal`, makes it
     /// the top row unless it shows in full.
     void moveTo(int row, bool reveal);
+    /// Shows `MousePointer` (with `MouseIcon` for 99) over the text field.
+    void showPointer();
     /// Reports `CellComboSelect` for the current row.
     void reportSelect();
     /// Takes the current row into the text field, closes the list and reports `CellComboClick`.

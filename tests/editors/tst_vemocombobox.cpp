@@ -341,6 +341,9 @@ private slots:
         MemoryPropertyBag fresh;
         combo->WriteProperties(fresh);
         QCOMPARE(fresh.names(), QStringList{"Font"});
+        QStringList changed;
+        connect(combo, &VemoComboBox::PropertyChanged,
+                [&](const QString& name) { changed << name; });
         combo->setValue("chosen");
         combo->setListWidth(3000);
         combo->setVisibleRows(5);
@@ -350,6 +353,8 @@ private slots:
         combo->setBorderStyle(0);
         QVERIFY(combo->setProperty("MousePointer", 2));
         combo->setProperty("MousePointer", 50); // refused, stays 2
+        QCOMPARE(changed, (QStringList{"ListWidth", "VisibleRows", "SelectCol", "HotTracking",
+                                       "Locked", "BorderStyle", "MousePointer"}));
         MemoryPropertyBag bag;
         combo->WriteProperties(bag);
         QCOMPARE(bag.names(),
