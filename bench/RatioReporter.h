@@ -110,6 +110,27 @@ public:
         std::printf("%s (target: %s): not measured\n", line.c_str(), target.c_str());
     }
 
+    /// Prints "<line> (target: <target>)" with its verdict, `measured` below `limit`; a value of
+    /// 0 or less is a benchmark that did not run.
+    void printBelow(const std::string& line, const std::string& target, double measured,
+                    double limit)
+    {
+        if (measured <= 0.0)
+            printNotMeasured(line, target);
+        else
+            printVerdict(line, target, measured < limit);
+    }
+
+    /// The median of `values` (the mean of the middle two for an even count); 0 for none.
+    static double median(std::vector<double> values)
+    {
+        if (values.empty())
+            return 0.0;
+        std::sort(values.begin(), values.end());
+        const std::size_t middle = values.size() / 2;
+        return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
+    }
+
     /// Prints how many of the tallied targets are met.
     void printTargetTally() const
     {
@@ -131,15 +152,6 @@ private:
         const double time =
             m_clock == Clock::Cpu ? run.GetAdjustedCPUTime() : run.GetAdjustedRealTime();
         return time / benchmark::GetTimeUnitMultiplier(run.time_unit);
-    }
-
-    static double median(std::vector<double> values)
-    {
-        if (values.empty())
-            return 0.0;
-        std::sort(values.begin(), values.end());
-        const std::size_t middle = values.size() / 2;
-        return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
     }
 
     Clock m_clock;

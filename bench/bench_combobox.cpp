@@ -110,13 +110,6 @@ bool showActive(QWidget& window)
     return true;
 }
 
-double medianOf(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const std::size_t middle = values.size() / 2;
-    return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
-}
-
 // ---- VemoComboBox -----------------------------------------------------------------------------
 
 /// A form with a standalone combo whose column holds the catalogue, txtInput focused.
@@ -202,11 +195,11 @@ void vemoComboTyping(benchmark::State& state)
                 return;
             }
         }
-        state.SetIterationTime(medianOf(samples));
+        state.SetIterationTime(RatioReporter::median(samples));
     }
     if (selects == 0)
         state.SkipWithError("typing reported no CellComboSelect");
-    state.counters["median_ms"] = medianOf(samples) * 1e3;
+    state.counters["median_ms"] = RatioReporter::median(samples) * 1e3;
     state.counters["max_ms"] = *std::max_element(samples.begin(), samples.end()) * 1e3;
 }
 
@@ -312,10 +305,7 @@ void printResults(RatioReporter& reporter)
     char line[96];
     std::snprintf(line, sizeof line, "typing in 100,000 items: median %.3f ms per character",
                   median);
-    if (median <= 0.0)
-        RatioReporter::printNotMeasured(line, "under 2 ms");
-    else
-        reporter.printVerdict(line, "under 2 ms", median < 2.0);
+    reporter.printBelow(line, "under 2 ms", median, 2.0);
 
     std::printf("\n");
     reporter.printTargetTally();

@@ -343,13 +343,6 @@ void tableWidgetEntry(benchmark::State& state, int rows, bool painted)
 
 // ---- opening the editor -----------------------------------------------------------------------
 
-double medianOf(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const std::size_t middle = values.size() / 2;
-    return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
-}
-
 /// One open is a click on a data cell while no editor is open: the hosted grid's mouse press
 /// and release, its move to the cell, and the editor loaded, placed, shown and focused there.
 /// Before each one, untimed, a click on the row header closes the previous editor. The clicked
@@ -389,9 +382,9 @@ void vemoGridClickOpen(benchmark::State& state)
             }
             QCoreApplication::processEvents();
         }
-        state.SetIterationTime(medianOf(samples));
+        state.SetIterationTime(RatioReporter::median(samples));
     }
-    state.counters["median_us"] = medianOf(samples) * 1e6;
+    state.counters["median_us"] = RatioReporter::median(samples) * 1e6;
 }
 
 /// Not a target: Enter on an unchanged cell, which leaves it (nothing to commit), moves to the
@@ -417,9 +410,9 @@ void vemoGridEnterMove(benchmark::State& state)
             state.SkipWithError("Enter left no editor open");
             return;
         }
-        state.SetIterationTime(medianOf(samples));
+        state.SetIterationTime(RatioReporter::median(samples));
     }
-    state.counters["median_us"] = medianOf(samples) * 1e6;
+    state.counters["median_us"] = RatioReporter::median(samples) * 1e6;
 }
 
 // ---- registration -----------------------------------------------------------------------------
@@ -536,10 +529,7 @@ void printResults(RatioReporter& reporter)
     char line[96];
     std::snprintf(line, sizeof line, "open editor: click on a data cell, median %.1f us",
                   clickOpen);
-    if (clickOpen <= 0.0)
-        RatioReporter::printNotMeasured(line, "under 50 us");
-    else
-        reporter.printVerdict(line, "under 50 us", clickOpen < 50.0);
+    reporter.printBelow(line, "under 50 us", clickOpen, 50.0);
 
     std::printf("\n");
     reporter.printTargetTally();
