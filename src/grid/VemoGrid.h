@@ -116,6 +116,8 @@ class VEMOGRIDLIB_EXPORT VemoGrid : public QWidget
     Q_PROPERTY(bool UserMode READ UserMode WRITE guardedSetUserMode)
     Q_PROPERTY(QVariant Tag READ Tag WRITE guardedSetTag)
     Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE guardedSetDataSource)
+    // Last, so that a form loader sets it after the sizes and the format string.
+    Q_PROPERTY(QString ColumnSetup READ ColumnSetup WRITE guardedSetColumnSetup)
 
 public:
     /// Creates the hosted grid 2 × 2 with one fixed row and column, every field at
@@ -259,6 +261,17 @@ public:
     /// shows "Operator ERROR" when it is not one of + - * /.
     QString AutoCalcOPE() const;
     void setAutoCalcOPE(const QString& op);
+
+    // ---- column setup on the form -----------------------------------------------------------
+    /// The columns' design-time settings in the text form of `parseColumnSetup`
+    /// (<VemoGridLib/ColumnSetup.h>), as last set; empty for a new grid. Kept beside the saved
+    /// properties of `WriteProperties`, for form files such as Qt Designer's.
+    QString ColumnSetup() const;
+    /// Reads `text` and applies it: raises `Cols` when a line names a column past the end,
+    /// writes each header (row 0) and width and, in user mode, the column's `Column` settings,
+    /// its type first; at design time only headers and widths show. Columns without a line are
+    /// left as they are. A text that does not read throws `VemoError` and changes nothing.
+    void setColumnSetup(const QString& text);
 
     // ---- Excel export -------------------------------------------------------------------------
     /// Writes the table (without column 0) as a BIFF2 worksheet to `FileName`, typed
@@ -531,6 +544,7 @@ private:
     VEMO_GUARDED_WRITE(bool, UserMode);
     VEMO_GUARDED_WRITE(QVariant, Tag);
     VEMO_GUARDED_WRITE(QAbstractItemModel*, DataSource);
+    VEMO_GUARDED_WRITE(QString, ColumnSetup);
     friend class VemoGridPrivate;
     std::unique_ptr<VemoGridPrivate> d;
 };

@@ -85,6 +85,8 @@ public:
     bool autoGrow = true;
     bool nullLine = true;
     bool lunarCalendar = false;
+    /// `ColumnSetup` as last applied, in its written form.
+    QString columnSetup;
     VemoGridScrollType scrollType = VemoScrollAuto;
     short scrollNum = 3;
     int cellAppearance = 0;
