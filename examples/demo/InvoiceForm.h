@@ -1,81 +1,82 @@
 // SPDX-License-Identifier: MIT
-// The demo's first view: a VemoGrid stock entry form with its row buttons.
+// The invoice form: customer, dates, note and the lines grid of one invoice, built in
+// InvoiceForm.ui.
 #pragma once
 
+#include "InvoiceDatabase.h"
+
+#include <QHash>
 #include <QWidget>
 
-QT_BEGIN_NAMESPACE
-class QStatusBar;
-QT_END_NAMESPACE
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class InvoiceForm;
+}
 
 namespace VemoGridLib {
-class Column;
-class VemoComboBox;
-class VemoDTPicker;
 class VemoGrid;
 }
 
-/// A purchase ledger in a VemoGrid: one typed column per kind of entry (numbered, check box,
-/// date, text, currency, numeric, long, hyperlink, button), banded rows, read-only colours, an
-/// amount column the grid computes from price × quantity, and header clicks that sort by the
-/// column's own sort type. The Product column is a list of the catalogue (code, name, unit
-/// price): picking a code fills the row's name, price and amount. A supplier picker, a
-/// VemoComboBox on its own, sits above the grid. The user types into the cells; the Notes column's
-/// button opens the row's whole note in a dialog. A hint line above the grid tells what the keys
-/// do; buttons below add, remove and clear rows and export the table to Excel; the status line
-/// shows the last action (a refused entry among them), the row count, the marked row and the sort
-/// order.
+/// Edits one invoice of an `InvoiceDatabase`. The lines grid computes each line's amount
+/// from quantity × unit price; picking a product (or typing its code) fills the line's name,
+/// price and link. Save checks every line and refuses the whole invoice, naming the line,
+/// when one is wrong; New starts the next number; Delete asks, then removes the invoice.
+/// Problems are shown through the library's message handler.
 class InvoiceForm : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit InvoiceForm(QWidget* parent = nullptr);
+    /// The lines grid's columns.
+    enum LineColumn : int {
+        ColNo = 1,
+        ColProduct,
+        ColName,
+        ColQuantity,
+        ColPrice,
+        ColAmount,
+        ColPaid,
+        ColLink,
+    };
 
-    /// Wide enough for every column, tall enough for the sample rows.
-    QSize sizeHint() const override;
+    explicit InvoiceForm(InvoiceDatabase& database, QWidget* parent = nullptr);
+    ~InvoiceForm() override;
+
+    /// Shows invoice `number`; false when the file has no such invoice.
+    bool openInvoice(int number);
+    /// The invoice shown (not yet saved after New).
+    int number() const;
+    VemoGridLib::VemoGrid* linesGrid() const;
+
+    /// Clears the form for a new invoice with the next free number.
+    void newInvoice();
+    /// Checks the form and writes it; false (after showing why) when it was refused.
+    bool save();
+    /// Asks, then removes the invoice shown and starts a new one.
+    void deleteInvoice();
+
+Q_SIGNALS:
+    /// Invoice `number` was written to the file.
+    void saved(int number);
+    /// Invoice `number` was removed from the file.
+    void deleted(int number);
 
 private:
-    void setUpColumns();
-    /// Fills the Product column's list with the catalogue and sets its columns.
-    void setUpProductList(VemoGridLib::Column& list);
-    void setUpSupplierPicker();
-    /// A row picked from the Product list: the product's names, page and price go into the
-    /// row, and the amount follows the price.
-    void onProductPicked(int row, int& col, QString& value);
-    void fill();
-    /// Computes the amount of every row the way the grid does for a clerk: by leaving an
-    /// operand cell.
-    void computeAmounts();
-    /// Fits the columns to their headers (with room for the sort arrow) and texts.
-    void fitColumns();
-    /// Mirrors a sort the grid ran on `col`.
-    void followSort(int col);
-    void addRow();
-    void removeRow();
-    void clearRows();
-    void exportToExcel();
-    /// Keeps `note` in the hidden note column and its first line in the Notes cell.
-    void setNote(int row, const QString& note);
-    /// The Notes button: edits the row's note in a dialog.
-    void editNote(int row);
-    void onCellChanged(int row, int col);
-    void onValidateError(int row, int col, const QString& value);
-    void onClick();
-    /// Shows `action` (if given, else the last one) and the grid's state: rows, total, marked
-    /// row, sort order.
-    void showStatus(const QString& action = QString());
+    void loadLists();
+    void setUpLines();
+    /// The form's invoice, every line checked; none, with `problem` set, when something is
+    /// wrong.
+    std::optional<Invoice> collect(QString& problem) const;
+    /// Fills row `row` from the product `code`, when the catalogue has it.
+    void fillProduct(int row, const QString& code);
+    void updateTotals();
+    void showProblem(const QString& text) const;
 
-    VemoGridLib::VemoGrid* m_grid;
-    VemoGridLib::VemoComboBox* m_supplier;
-    /// The delivery date, standing alone above the grid.
-    VemoGridLib::VemoDTPicker* m_delivery;
-    QStatusBar* m_status;
-    /// The last action shown; a click that only moves the marker keeps it in the status line.
-    QString m_action;
-    /// The grid keeps its sort order to itself; this mirrors it for the status line, following
-    /// the same rules: a new column sorts ascending, the same one again reverses, and row
-    /// removal and Clear take the sort mark away.
-    int m_sortedCol = -1;
-    bool m_sortedAscending = true;
+    InvoiceDatabase& m_database;
+    std::unique_ptr<Ui::InvoiceForm> m_ui;
+    QHash<QString, Product> m_products;
+    QList<Customer> m_customers;
+    int m_number = 0;
 };

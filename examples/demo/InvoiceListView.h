@@ -1,58 +1,52 @@
 // SPDX-License-Identifier: MIT
-// The demo's second view: one FlexGrid of generated invoices, sorted by header clicks.
+// The invoice list: a read-only VemoGrid bound to a query of the invoices.
 #pragma once
-
-#include "DemoPictures.h"
-#include "InvoiceGenerator.h"
 
 #include <QWidget>
 
-#include <vector>
-
 QT_BEGIN_NAMESPACE
-class QStatusBar;
+class QSqlQueryModel;
 QT_END_NAMESPACE
 
 namespace VemoGridLib {
-class FlexGrid;
+class VemoGrid;
 }
 
-/// Shows `InvoiceCount` invoices in a FlexGrid with a numbered fixed column, a FormatString
-/// header, merged runs of equal customers, status pictures and banded rows. A click on a
-/// column header sorts by that column, a second click on it reverses the order.
-///
-/// The invoices are generated when the view is first shown, so that the window opens at once
-/// on its first tab.
+class InvoiceDatabase;
+
+/// Lists every invoice of the file with its customer, dates, line count and total, through
+/// the grid's `DataSource`. Moving to a row, a double click or Enter chooses its invoice.
 class InvoiceListView : public QWidget
 {
     Q_OBJECT
 
 public:
-    static constexpr int InvoiceCount = 100'000;
+    /// The list's columns.
+    enum ListColumn : int { ColNumber = 1, ColDate, ColCustomer, ColDelivery, ColLines, ColTotal };
 
-    explicit InvoiceListView(QWidget* parent = nullptr);
+    explicit InvoiceListView(InvoiceDatabase& database, QWidget* parent = nullptr);
 
-protected:
-    void showEvent(QShowEvent* event) override;
+    /// Reads the invoices again and moves to invoice `number` (when listed) without choosing
+    /// it.
+    void refresh(int number = 0);
+    /// Moves to invoice `number` and chooses it; false when it is not listed.
+    bool choose(int number);
+    VemoGridLib::VemoGrid* grid() const;
+
+Q_SIGNALS:
+    void invoiceChosen(int number);
 
 private:
-    void fill(const std::vector<Invoice>& invoices);
-    void fillStatusPictures(const std::vector<Invoice>& invoices);
-    /// Fits the columns to their texts.
-    void sizeColumns();
-    /// Numbers the rows and colours every other one, after the fill and after each sort.
-    void numberAndBand();
-    void onMouseDown(short button);
-    void onClick();
-    void sortBy(int col);
-    void showSortArrow(int col, bool ascending);
+    /// The list row of invoice `number`, or -1.
+    int rowOf(int number) const;
+    /// Chooses the current row's invoice; a move to the invoice chosen last is no choice,
+    /// unless `again`.
+    void chooseCurrent(bool again);
 
-    VemoGridLib::FlexGrid* m_grid;
-    QStatusBar* m_status;
-    DemoPictures m_pictures;
-    bool m_filled = false;
-    /// The header column under the last left-button press, −1 when the press was elsewhere.
-    int m_pressedHeader = -1;
-    int m_sortedCol = -1;
-    bool m_sortedAscending = false;
+    VemoGridLib::VemoGrid* m_grid;
+    QSqlQueryModel* m_model;
+    InvoiceDatabase& m_database;
+    /// The list is being read again: moves are not choices.
+    bool m_refreshing = false;
+    int m_chosen = 0;
 };

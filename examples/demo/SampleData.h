@@ -1,29 +1,49 @@
 // SPDX-License-Identifier: MIT
-// The stock lines the VemoGrid form starts with, written out by hand.
+// What a new invoice database starts with: the catalogue, the customers and a few invoices.
 #pragma once
 
 #include <QtGlobal>
 
 #include <span>
 
-/// One purchase line of the form. Money and quantities are whole hundredths, so the table
-/// holds exact values and the form formats them with its columns' own formats.
-struct StockLine
+/// One catalogue entry; names are UTF-8, money in whole cents so that the table holds exact
+/// values.
+struct SampleProduct
 {
-    /// ISO date, as a clerk would type it ("2024-03-05"); the date column reformats it.
-    const char* date;
-    const char* product;
-    /// The product's Chinese name, UTF-8.
-    const char* productZh;
-    /// The last part of the product page's address.
-    const char* sku;
+    /// The last part of the product page's address, too.
+    const char* code;
+    const char* name;
+    const char* nameZh;
+    const char* unit;
     qint64 priceCents;
-    qint64 quantityHundredths;
-    int inStock;
-    bool paid;
-    /// The clerk's notes on the line, UTF-8; most lines have none.
-    const char* notes = nullptr;
 };
 
-/// The sample lines, in the order they were entered (not in date order).
-std::span<const StockLine> sampleStockLines();
+struct SampleCustomer
+{
+    const char* name;
+    const char* city;
+};
+
+struct SampleLine
+{
+    const char* productCode;
+    /// Some goods are sold by weight or length: quantities have two decimals.
+    qint64 quantityHundredths;
+    bool paid;
+};
+
+struct SampleInvoice
+{
+    int number;
+    /// Index into sampleCustomers().
+    int customer;
+    /// ISO date.
+    const char* date;
+    int deliveryDays;
+    const char* note;
+    std::span<const SampleLine> lines;
+};
+
+std::span<const SampleProduct> sampleProducts();
+std::span<const SampleCustomer> sampleCustomers();
+std::span<const SampleInvoice> sampleInvoices();
