@@ -76,7 +76,8 @@ bool run(QSqlQuery& query, const QString& sql, const QVariantList& values, QStri
 
 QVariant isoDate(const QDate& date)
 {
-    return date.isValid() ? QVariant(date.toString(Qt::ISODate)) : QVariant(QMetaType(QMetaType::QString));
+    return date.isValid() ? QVariant(date.toString(Qt::ISODate))
+                          : QVariant(QMetaType(QMetaType::QString));
 }
 
 /// Runs `steps` in one transaction of `db`: commits when it returns true, else rolls back.
@@ -161,8 +162,7 @@ bool InvoiceDatabase::createAndSeed()
         }
         for (const SampleCustomer& customer : sampleCustomers()) {
             if (!run(query, QStringLiteral("INSERT INTO customers (name, city) VALUES (?, ?)"),
-                     {QString::fromUtf8(customer.name), QString::fromUtf8(customer.city)},
-                     m_error))
+                     {QString::fromUtf8(customer.name), QString::fromUtf8(customer.city)}, m_error))
                 return false;
         }
         for (const SampleProduct& product : sampleProducts()) {
@@ -303,8 +303,9 @@ int InvoiceDatabase::nextNumber() const
 bool InvoiceDatabase::save(const Invoice& invoice, QString& error)
 {
     error.clear();
-    return inTransaction(connection(), error,
-                         [&] { return deleteRows(invoice.number, error) && insert(invoice, error); });
+    return inTransaction(connection(), error, [&] {
+        return deleteRows(invoice.number, error) && insert(invoice, error);
+    });
 }
 
 bool InvoiceDatabase::remove(int number, QString& error)

@@ -19,7 +19,8 @@ using namespace VemoGridLib;
 
 namespace {
 
-/// The bounds the invoice_lines table's CHECK constraints hold too.
+/// The bounds the lines grid's columns and the invoice_lines table's CHECK constraints hold
+/// too.
 constexpr double MaxQuantity = 100'000;
 constexpr double MaxUnitPrice = 1'000'000;
 
@@ -43,8 +44,8 @@ std::optional<double> numberIn(const VemoGrid& grid, int row, int col)
 
 bool isEmptyLine(const VemoGrid& grid, int row)
 {
-    for (const int col : {InvoiceForm::ColProduct, InvoiceForm::ColName,
-                          InvoiceForm::ColQuantity, InvoiceForm::ColPrice}) {
+    for (const int col : {InvoiceForm::ColProduct, InvoiceForm::ColName, InvoiceForm::ColQuantity,
+                          InvoiceForm::ColPrice}) {
         if (!grid.TextMatrix(row, col).trimmed().isEmpty())
             return false;
     }
@@ -100,40 +101,14 @@ int InvoiceForm::number() const
 void InvoiceForm::setUpLines()
 {
     VemoGrid* grid = m_ui->linesGrid;
-    QFont headerFont = grid->Font();
-    headerFont.setBold(true);
-    grid->setFontFixed(headerFont);
-    grid->setAllowUserResizing(Flex::flexResizeColumns);
-    grid->setBackColor2(0xFAF1E6);
-    grid->setBackColorBkg(0xFFFFFF);
-    grid->setColType(ColNo, eLong);
-    grid->setColType(ColProduct, eComboBox);
-    grid->setColType(ColQuantity, eNumeric);
-    grid->setColType(ColPrice, eCurrency);
-    grid->setColType(ColAmount, eCurrency);
-    grid->setColType(ColPaid, eCheckBox);
-    grid->setColType(ColLink, ehyperlink);
-    grid->Column(ColNo)->setAutoAdd(true);
-    grid->Column(ColNo)->setLocked(true);
+    // The columns and the grid's look are set up in the form; the product list's column
+    // widths are not part of the column setup.
     Column& product = *grid->Column(ColProduct);
-    product.setListHeader(QStringLiteral("Code\tName\t品名\tUnit\tPrice"));
-    product.setSelectCol(0);
-    product.setCompareMode(vb::vbTextCompare);
     const int listWidths[] = {1500, 2600, 1700, 700, 1100};
     for (int col = 0; col < int(std::size(listWidths)); ++col)
         product.setCOLWIDTH(col, listWidths[col]);
     product.setColAlignment(4, Flex::flexAlignRightCenter);
-    Column& quantity = *grid->Column(ColQuantity);
-    quantity.setDecimalLength(2);
-    quantity.setFormatString(QStringLiteral("#,##0.00"));
-    quantity.setMinValue(0);
-    quantity.setMaxValue(MaxQuantity);
-    grid->Column(ColPrice)->setMinValue(0);
-    grid->Column(ColPrice)->setMaxValue(MaxUnitPrice);
-    grid->Column(ColAmount)->setLocked(true);
-    const int widths[] = {300, 500, 1500, 2600, 900, 1100, 1200, 500, 3000};
-    for (int col = 0; col < int(std::size(widths)); ++col)
-        grid->setCOLWIDTH(col, widths[col]);
+    grid->setCOLWIDTH(0, 300);
 }
 
 void InvoiceForm::loadLists()
@@ -167,7 +142,7 @@ void InvoiceForm::newInvoice()
     m_ui->deliveryDatePicker->setValue(QVariant());
     m_ui->noteEdit->clear();
     VemoGrid* grid = m_ui->linesGrid;
-    grid->Clear();
+    emptyLines(1);
     grid->setTextMatrix(grid->FixedRows(), ColNo, QStringLiteral("1"));
     grid->setRow(grid->FixedRows());
     grid->setCol(ColProduct);
@@ -188,15 +163,13 @@ bool InvoiceForm::openInvoice(int number)
     }
     m_ui->customerCombo->setValue(customerName);
     m_ui->invoiceDatePicker->setValue(invoice->invoiceDate);
-    m_ui->deliveryDatePicker->setValue(invoice->deliveryDate.isValid()
-                                           ? QVariant(invoice->deliveryDate)
-                                           : QVariant());
+    m_ui->deliveryDatePicker->setValue(
+        invoice->deliveryDate.isValid() ? QVariant(invoice->deliveryDate) : QVariant());
     m_ui->noteEdit->setText(invoice->note);
 
     VemoGrid* grid = m_ui->linesGrid;
     grid->setRedraw(false);
-    grid->Clear();
-    grid->setRows(grid->FixedRows() + std::max<int>(1, int(invoice->lines.size())));
+    emptyLines(std::max<int>(1, int(invoice->lines.size())));
     int row = grid->FixedRows();
     for (const InvoiceLine& line : invoice->lines) {
         grid->setTextMatrix(row, ColNo, QString::number(line.lineNo));
@@ -216,6 +189,15 @@ bool InvoiceForm::openInvoice(int number)
     return true;
 }
 
+void InvoiceForm::emptyLines(int count)
+{
+    // Not Clear(): it restores the header row from the FormatString, and the headers come
+    // from the column setup here.
+    VemoGrid* grid = m_ui->linesGrid;
+    grid->setRows(grid->FixedRows());
+    grid->setRows(grid->FixedRows() + count);
+}
+
 void InvoiceForm::fillProduct(int row, const QString& code)
 {
     const auto product = m_products.constFind(code.trimmed());
@@ -228,9 +210,9 @@ void InvoiceForm::fillProduct(int row, const QString& code)
     // The grid recomputes the amount when the user leaves the quantity or the price; a pick
     // in the Product cell leaves neither.
     if (const std::optional<double> quantity = numberIn(*grid, row, ColQuantity)) {
-        grid->setTextMatrix(row, ColAmount,
-                            money(InvoiceDatabase::amountCents(*quantity,
-                                                               product->unitPriceCents)));
+        grid->setTextMatrix(
+            row, ColAmount,
+            money(InvoiceDatabase::amountCents(*quantity, product->unitPriceCents)));
     }
     updateTotals();
 }
@@ -275,11 +257,10 @@ std::optional<Invoice> InvoiceForm::collect(QString& problem) const
         const QString code = grid.TextMatrix(row, ColProduct).trimmed();
         const auto product = m_products.constFind(code);
         if (product == m_products.cend()) {
-            problem = code.isEmpty()
-                          ? tr("Line %1 has no product.").arg(shown)
-                          : tr("Line %1: “%2” is not a product of the catalogue.")
-                                .arg(shown)
-                                .arg(code);
+            problem =
+                code.isEmpty()
+                    ? tr("Line %1 has no product.").arg(shown)
+                    : tr("Line %1: “%2” is not a product of the catalogue.").arg(shown).arg(code);
             return std::nullopt;
         }
         const std::optional<double> quantity = numberIn(grid, row, ColQuantity);
@@ -347,8 +328,7 @@ void InvoiceForm::deleteInvoice()
         return;
     }
     const auto answer = QMessageBox::question(
-        this, tr("Delete invoice"),
-        tr("Delete invoice %1 with all its lines?").arg(m_number));
+        this, tr("Delete invoice"), tr("Delete invoice %1 with all its lines?").arg(m_number));
     if (answer != QMessageBox::Yes)
         return;
     QString error;

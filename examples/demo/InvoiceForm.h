@@ -66,6 +66,8 @@ Q_SIGNALS:
 private:
     void loadLists();
     void setUpLines();
+    /// Leaves the lines grid with `count` empty lines.
+    void emptyLines(int count);
     /// The form's invoice, every line checked; none, with `problem` set, when something is
     /// wrong.
     std::optional<Invoice> collect(QString& problem) const;

@@ -52,7 +52,7 @@ InvoiceListView::InvoiceListView(InvoiceDatabase& database, QWidget* parent)
     m_grid->setBackColorBkg(0xFFFFFF);
     refresh();
     m_grid->setDataSource(m_model);
-    const int widths[] = {300, 600, 1100, 2600, 1100, 550, 1100};
+    const int widths[] = {300, 700, 1300, 2700, 1300, 750, 1200};
     for (int col = 0; col < int(std::size(widths)); ++col)
         m_grid->setCOLWIDTH(col, widths[col]);
     for (const int col : {ColNumber, ColLines, ColTotal})

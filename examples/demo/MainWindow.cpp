@@ -24,10 +24,10 @@ MainWindow::MainWindow(const QString& databaseFile, QWidget* parent)
     setWindowTitle(tr("Invoices – %1").arg(QFileInfo(databaseFile).fileName()));
     setUpMenus();
     if (!m_database->isOpen()) {
-        auto* problem = new QLabel(tr("The invoice file %1 could not be opened:\n%2")
-                                       .arg(QDir::toNativeSeparators(databaseFile),
-                                            m_database->errorText()),
-                                   this);
+        auto* problem =
+            new QLabel(tr("The invoice file %1 could not be opened:\n%2")
+                           .arg(QDir::toNativeSeparators(databaseFile), m_database->errorText()),
+                       this);
         problem->setAlignment(Qt::AlignCenter);
         setCentralWidget(problem);
         return;
@@ -92,9 +92,10 @@ void MainWindow::setUpMenus()
 void MainWindow::exportLines(const QString& filter, const QString& suffix,
                              void (VemoGridLib::VemoGrid::*exporter)(const QString&))
 {
-    const QString proposed = QDir::home().filePath(
-        QStringLiteral("invoice-%1.%2").arg(m_form->number()).arg(suffix));
-    const QString file = QFileDialog::getSaveFileName(this, tr("Export the lines"), proposed, filter);
+    const QString proposed =
+        QDir::home().filePath(QStringLiteral("invoice-%1.%2").arg(m_form->number()).arg(suffix));
+    const QString file =
+        QFileDialog::getSaveFileName(this, tr("Export the lines"), proposed, filter);
     if (file.isEmpty())
         return;
     // An export writes over an existing file without truncating it, which would leave a
@@ -106,7 +107,8 @@ void MainWindow::exportLines(const QString& filter, const QString& suffix,
     (m_form->linesGrid()->*exporter)(file);
     // The exports are silent about failures: the file tells whether it was written.
     const QFileInfo written(file);
-    statusBar()->showMessage(written.exists() && written.size() > 0
-                                 ? tr("Exported the lines to %1.").arg(QDir::toNativeSeparators(file))
-                                 : tr("Could not write %1.").arg(QDir::toNativeSeparators(file)));
+    statusBar()->showMessage(
+        written.exists() && written.size() > 0
+            ? tr("Exported the lines to %1.").arg(QDir::toNativeSeparators(file))
+            : tr("Could not write %1.").arg(QDir::toNativeSeparators(file)));
 }

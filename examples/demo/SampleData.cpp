@@ -61,8 +61,8 @@ constexpr std::array Lines1004{
     SampleLine{"cups-1000", 200, false},
 };
 constexpr std::array Lines1005{
-    SampleLine{"projector", 100, false},
-    SampleLine{"whiteboard-120", 200, false},
+    SampleLine{"projector", 100, true},
+    SampleLine{"whiteboard-120", 200, true},
     SampleLine{"carpet-tiles", 1875, false},
 };
 
