@@ -15,6 +15,10 @@
 #include <QLocale>
 #include <QMessageBox>
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 using namespace VemoGridLib;
 
 namespace {

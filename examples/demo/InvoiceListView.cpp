@@ -11,6 +11,7 @@
 #include <QSqlQueryModel>
 #include <QVBoxLayout>
 
+#include <iterator>
 #include <utility>
 
 using namespace VemoGridLib;
