@@ -3,6 +3,8 @@
 #include "grid/ColumnSetup.h"
 #include "grid/VemoGrid_p.h"
 
+#include "flexgrid/FlexGrid.h"
+
 #include <algorithm>
 
 namespace VemoGridLib {
@@ -24,7 +26,19 @@ void applyListSettings(VemoGridLib::Column& column, const ColumnSettings& settin
     column.setCompareMode(settings.CompareMode);
 }
 
+void writeHeader(FlexGrid& flex, const ColumnSettings& settings)
+{
+    if (!settings.Header.isEmpty() && flex.Rows() > 0 && settings.Col < flex.Cols())
+        flex.setTextMatrix(0, settings.Col, settings.Header);
+}
+
 } // namespace
+
+void VemoGridPrivate::rewriteSetupHeaders()
+{
+    for (const ColumnSettings& settings : parseColumnSetup(columnSetup))
+        writeHeader(*flex, settings);
+}
 
 QString VemoGrid::ColumnSetup() const
 {
@@ -60,8 +74,7 @@ void VemoGrid::setColumnSetup(const QString& text)
             column.setSortType(settings.SortType);
             applyListSettings(column, settings);
         }
-        if (!settings.Header.isEmpty() && d->flex->Rows() > 0)
-            d->flex->setTextMatrix(0, settings.Col, settings.Header);
+        writeHeader(*d->flex, settings);
         if (settings.Width >= 0)
             d->flex->setColWidth(settings.Col, settings.Width);
     }

@@ -143,6 +143,7 @@ void VemoGrid::Clear()
         widths.push_back(flex->ColWidth(c));
     ignoringErrors([flex] { flex->Clear(); });
     ignoringErrors([flex, &format] { flex->setFormatString(format); });
+    ignoringErrors([this] { d->rewriteSetupHeaders(); });
     for (int c = 0; c < int(widths.size()); ++c)
         ignoringErrors([flex, c, &widths] { flex->setColWidth(c, widths[std::size_t(c)]); });
     ignoringErrors([flex, fixedCols] { flex->setFixedCols(fixedCols); });

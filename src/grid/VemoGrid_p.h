@@ -230,6 +230,8 @@ public:
     void followMarker();
     /// Removes the arrow from the last sorted column's header and forgets that column.
     void removeSortMark();
+    /// Writes the headers of `columnSetup` again, after `Clear` rewrote the format string's.
+    void rewriteSetupHeaders();
     /// The hidden key columns of a sort: date keys, or currency keys (the text itself).
     enum class KeyKind { Date, Currency };
     /// Sorts by a hidden column of keys made from `col`'s texts, with the hosted `setting`.

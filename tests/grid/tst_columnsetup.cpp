@@ -134,6 +134,11 @@ void tst_ColumnSetup::appliesToColumns()
     QCOMPARE(grid.Column(3)->DecimalLength(), 1);
     QVERIFY(grid.Column(3)->Locked());
 
+    // Clearing the rows keeps the headers of the setup beside those of the format string.
+    grid.Clear();
+    QCOMPARE(grid.TextMatrix(0, 1), QStringLiteral("Product"));
+    QCOMPARE(grid.TextMatrix(0, 2), QStringLiteral("Name"));
+
     // A second setup replaces the combo's items and leaves columns it does not name.
     grid.setColumnSetup(QStringLiteral("1 ColType=eComboBox Item=P9"));
     QCOMPARE(grid.Column(1)->ItemCount(), 1);
