@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "common/OleColor.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 
 namespace VemoGridLib {
@@ -89,6 +91,9 @@ constexpr std::array<std::optional<PaletteSlot>, 31> SystemColorSlots{{
     PaletteSlot{{}, QPalette::Window},
 }};
 
+/// The least contrast ratio WCAG asks for normal-size text.
+constexpr double MinTextContrast = 4.5;
+
 /// Bits 24..30: zero in every RGB value; in a system colour, part of its index.
 constexpr OleColor HighBits = 0x7F000000u;
 
@@ -112,6 +117,34 @@ OleColor fromQColor(const QColor& color)
 {
     const QColor rgbColor = color.toRgb();
     return rgb(rgbColor.red(), rgbColor.green(), rgbColor.blue());
+}
+
+double contrastRatio(const QColor& a, const QColor& b)
+{
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double channel) {
+            return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+        };
+        const QColor rgb = color.toRgb();
+        return 0.2126 * linear(rgb.redF()) + 0.7152 * linear(rgb.greenF()) +
+               0.0722 * linear(rgb.blueF());
+    };
+    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor readableTextColor(OleColor text, OleColor back, const QPalette& palette)
+{
+    const QColor resolved = toQColor(text, palette);
+    if (!isSystemColor(text) || isSystemColor(back) || text == back)
+        return resolved;
+    const QColor background = toQColor(back, palette);
+    if (!resolved.isValid() || !background.isValid() ||
+        contrastRatio(resolved, background) >= MinTextContrast)
+        return resolved;
+    const QColor black(Qt::black);
+    const QColor white(Qt::white);
+    return contrastRatio(black, background) >= contrastRatio(white, background) ? black : white;
 }
 
 } // namespace VemoGridLib

@@ -92,4 +92,18 @@ VEMOGRIDLIB_EXPORT QColor toQColor(OleColor color, const QPalette& palette = QPa
 /// QColor gives 0 (black), the value Qt reports for its components.
 VEMOGRIDLIB_EXPORT OleColor fromQColor(const QColor& color);
 
+/// The WCAG contrast ratio of two colours, from 1 (the same luminance) to 21 (black on white).
+VEMOGRIDLIB_EXPORT double contrastRatio(const QColor& a, const QColor& b);
+
+/// The colour text of OLE colour `text` is drawn with on a background of OLE colour `back`.
+/// A system text colour follows the palette while the background is one the program chose:
+/// under a dark palette the window text is light, and the program's light colours (bands,
+/// read-only cells) would swallow it. So where a system text colour falls below 4.5:1 against
+/// an RGB background it becomes black or white, whichever reads better. Everything else is
+/// as toQColor() gives it: text and background both from the palette are the palette's own
+/// pairing, an RGB text colour is the program's choice, and a text in its own background's
+/// colour is hidden on purpose.
+VEMOGRIDLIB_EXPORT QColor readableTextColor(OleColor text, OleColor back,
+                                            const QPalette& palette = QPalette());
+
 } // namespace VemoGridLib

@@ -211,6 +211,8 @@ void CellEditor::setBackColor(OleColor color)
 {
     m_backColor = color;
     paintSurface(QPalette::Base, QPalette::Window, color);
+    // A system text colour may have to turn black or white to read on the new background.
+    paintSurface(QPalette::Text, QPalette::WindowText, m_foreColor);
     (m_field ? static_cast<QWidget*>(m_field) : this)->setAutoFillBackground(true);
     changed("BackColor");
 }
@@ -233,7 +235,9 @@ void CellEditor::paintSurface(QPalette::ColorRole fieldRole, QPalette::ColorRole
     // The text field carries the colours where there is one, the control's surface otherwise.
     QWidget* const surface = m_field ? static_cast<QWidget*>(m_field) : this;
     QPalette palette = surface->palette();
-    const QColor painted = toQColor(color, palette);
+    const QColor painted = fieldRole == QPalette::Text
+                               ? readableTextColor(color, m_backColor, palette)
+                               : toQColor(color, palette);
     // The grid loads an editor on every cell: an unchanged palette is not set again.
     if (palette.color(fieldRole) == painted && palette.color(ownRole) == painted)
         return;

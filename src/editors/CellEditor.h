@@ -166,7 +166,8 @@ private:
     void fieldMouse(QMouseEvent* event);
     void focusMoved(QWidget* from, QWidget* to);
     bool contains(const QWidget* widget) const;
-    /// Sets both palette roles of the editor's surface to `color`.
+    /// Sets both palette roles of the editor's surface to `color`; a text colour as
+    /// readableTextColor() gives it on BackColor.
     void paintSurface(QPalette::ColorRole fieldRole, QPalette::ColorRole ownRole, OleColor color);
 
     QPointer<VemoGridLib::Column> m_column;

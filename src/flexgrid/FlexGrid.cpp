@@ -7,12 +7,14 @@
 #include "common/VemoError.h"
 
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMetaMethod>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTimerEvent>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -1150,6 +1152,20 @@ bool FlexGrid::event(QEvent* event)
         }
     }
     return QAbstractScrollArea::event(event);
+}
+
+bool FlexGrid::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractScrollArea::viewportEvent(event);
+    // A number shown as "###" tells its value on hovering.
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QString text;
+    catchingErrors("FlexGrid::viewportEvent", [&] { text = d->hiddenNumberAt(help->pos()); });
+    if (text.isEmpty())
+        return QAbstractScrollArea::viewportEvent(event);
+    QToolTip::showText(help->globalPos(), text, viewport());
+    return true;
 }
 
 void FlexGrid::paintEvent(QPaintEvent* event)

@@ -4,6 +4,7 @@
 #include "flexgrid/FlexGrid_p.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace VemoGridLib {
 
@@ -59,6 +60,17 @@ void FlexGridHosting::setPicture(int row, int col, const QPixmap& picture, int a
 qint64 FlexGridHosting::pictureKey(int row, int col) const
 {
     return d->store.format(row, col).picture.cacheKey();
+}
+
+void FlexGridHosting::setNumberColumns(std::function<bool(int col)> isNumberColumn)
+{
+    d->numberColumn = std::move(isNumberColumn);
+}
+
+void FlexGridHosting::setPictureAtRatio(
+    std::function<QPixmap(const QPixmap& picture, qreal ratio)> draw)
+{
+    d->pictureAtRatio = std::move(draw);
 }
 
 QRect FlexGridHosting::cellRect(int row, int col) const

@@ -10,6 +10,8 @@
 #include <QRect>
 #include <QStringView>
 
+#include <functional>
+
 namespace VemoGridLib {
 
 class FlexGrid;
@@ -55,6 +57,15 @@ public:
     bool hasScrollBar(Qt::Orientation orientation) const;
     /// The cache key of a cell's picture (0 for none).
     qint64 pictureKey(int row, int col) const;
+
+    /// Marks the columns whose numbers never clip: in a data cell of a column for which
+    /// `isNumberColumn` is true, a text wider than the cell shows as "###" (as many '#' as fit)
+    /// and its tool tip holds the text. The cell's text itself is unchanged.
+    void setNumberColumns(std::function<bool(int col)> isNumberColumn);
+    /// Lets the host draw its own cell pictures at the painter's device pixel ratio instead of
+    /// having them scaled: `draw` gets a cell's picture and the ratio and returns a picture
+    /// of the same size in device-independent pixels made at that ratio (null to scale).
+    void setPictureAtRatio(std::function<QPixmap(const QPixmap& picture, qreal ratio)> draw);
 
 private:
     FlexGridPrivate* d;

@@ -6,12 +6,14 @@
 
 #include "vb/VbConversion.h"
 
+#include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
 #include <QWidget>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -254,6 +256,26 @@ QPoint alignedOrigin(const QSize& size, const QRect& area, int alignment)
                                    offset(area.height() - size.height(), grid % 3));
 }
 
+/// Device pixels per pixel of what `painter` paints on: the screen's scale, or an image's when
+/// the widget is rendered into one. Only a plain scale counts; anything else paints as at 1.
+qreal deviceRatio(const QPainter& painter)
+{
+    const QTransform transform = painter.deviceTransform();
+    const bool plain =
+        transform.type() <= QTransform::TxScale && transform.m11() == transform.m22();
+    return plain && transform.m11() > 0 ? transform.m11() : 1.0;
+}
+
+/// The text a data cell shows: in a number column, a text wider than `width` becomes as many
+/// '#' as fit, as spreadsheets show it, so that a clipped number never reads as a smaller one.
+QString shownNumber(const FlexGridPrivate& d, int c, const QString& text,
+                    const QFontMetrics& metrics, int width)
+{
+    if (!d.numberColumn || metrics.horizontalAdvance(text) <= width || !d.numberColumn(c))
+        return text;
+    return QString(std::max(0, width / std::max(1, metrics.horizontalAdvance(u'#'))), u'#');
+}
+
 /// One frame of drawing: the grid-wide colours and fonts resolved once, then every block.
 class FramePainter
 {
@@ -274,6 +296,7 @@ public:
         , gridFont(owner.q->font())
         , fixedFont(owner.fixedFont())
         , locale(vb::userLocale())
+        , ratio(deviceRatio(painter))
         , highlight(owner.mergeCells == flexMergeNever &&
                     (owner.highLight == flexHighlightAlways ||
                      (owner.highLight == flexHighlightWithFocus && owner.q->hasFocus())))
@@ -339,6 +362,50 @@ private:
         return color == 0 ? gridColor : colorOf(color, gridColor);
     }
 
+    /// `color` (text `text` resolved) as readableTextColor() draws it on `back`.
+    QColor readableOn(OleColor text, OleColor back, const QColor& color)
+    {
+        if (!isSystemColor(text) || isSystemColor(back))
+            return color;
+        const auto [found, added] = readableColors.try_emplace(quint64(text) << 32 | back);
+        if (added) {
+            const QColor readable = readableTextColor(text, back, palette);
+            found->second = readable.isValid() ? readable : color;
+        }
+        return found->second;
+    }
+
+    /// Fills one strip of a grid line on whole device pixels. On a scaled screen a pixel
+    /// edge falls between device pixels, and rounding each edge would draw some lines one
+    /// device pixel wider than others. So the line's width, which runs `across` (Horizontal for
+    /// a vertical line), is the same number of device pixels wherever the line lies, measured
+    /// from the cell edge it lines (`fromEnd`: the cell's right or bottom edge, else its left
+    /// or top one), and its length runs between rounded ends so that the lines of neighbouring
+    /// cells meet.
+    void fillLine(const QRect& strip, Qt::Orientation across, bool fromEnd, const QColor& color)
+    {
+        if (ratio == 1.0 || strip.isEmpty()) {
+            p.fillRect(strip, color);
+            return;
+        }
+        // The first device pixel at or after `at`, as the painter fills a rectangle's edge.
+        const auto pixel = [this](int at) {
+            return int(std::ceil(at * ratio - 0.5));
+        };
+        const auto span = [&](int from, int size, bool thin, bool anchorEnd) {
+            const int start = pixel(from);
+            const int end = pixel(from + size);
+            if (!thin)
+                return std::pair(start, end - start);
+            const int width = std::max(1, qRound(size * ratio));
+            return std::pair(anchorEnd ? end - width : start, width);
+        };
+        const bool horizontal = across == Qt::Horizontal;
+        const auto [x, w] = span(strip.left(), strip.width(), horizontal, fromEnd);
+        const auto [y, h] = span(strip.top(), strip.height(), !horizontal, fromEnd);
+        p.fillRect(QRectF(x / ratio, y / ratio, w / ratio, h / ratio), color);
+    }
+
     /// The cells of one band pair (fixed or scrolling rows × fixed or scrolling columns), each
     /// drawn once: a merged run when its first cell inside the clip is met.
     void paintQuadrant(const Strip& rows, const Strip& cols, const QRect& bandClip)
@@ -400,8 +467,17 @@ private:
         const FlexCellFormat& format = d.store.format(r, c);
         const QColor cellBack =
             selected ? backSel : cellColorOr(format.backColor, fixed ? backFixed : back);
-        const QColor cellFore =
-            selected ? foreSel : cellColorOr(format.foreColor, fixed ? foreFixed : fore);
+        const OleColor backOle = selected           ? d.backColorSel
+                                 : format.backColor ? format.backColor
+                                 : fixed            ? d.backColorFixed
+                                                    : d.backColor;
+        const OleColor foreOle = selected           ? d.foreColorSel
+                                 : format.foreColor ? format.foreColor
+                                 : fixed            ? d.foreColorFixed
+                                                    : d.foreColor;
+        const QColor cellFore = readableOn(
+            foreOle, backOle,
+            selected ? foreSel : cellColorOr(format.foreColor, fixed ? foreFixed : fore));
 
         p.fillRect(rect, cellBack);
         const int lineStyle = fixed ? d.gridLinesFixed : d.gridLines;
@@ -439,12 +515,12 @@ private:
         case flexGridRaised: {
             const QColor& groove = style == flexGridInset ? EdgeDark : EdgeLight;
             const QColor& edgeColor = style == flexGridInset ? EdgeLight : EdgeDark;
-            p.fillRect(right, groove);
-            p.fillRect(bottom, groove);
-            p.fillRect(QRect(content.left(), content.top(), content.width(), 1) & content,
-                       edgeColor);
-            p.fillRect(QRect(content.left(), content.top(), 1, content.height()) & content,
-                       edgeColor);
+            fillLine(right, Qt::Horizontal, true, groove);
+            fillLine(bottom, Qt::Vertical, true, groove);
+            fillLine(QRect(content.left(), content.top(), content.width(), 1) & content,
+                     Qt::Vertical, false, edgeColor);
+            fillLine(QRect(content.left(), content.top(), 1, content.height()) & content,
+                     Qt::Horizontal, false, edgeColor);
             break;
         }
         case flexGridDashes:
@@ -456,8 +532,8 @@ private:
             paintDashes(bottom, Qt::Horizontal, DotOn * width, DotPeriod * width, color);
             break;
         default:
-            p.fillRect(right, color);
-            p.fillRect(bottom, color);
+            fillLine(right, Qt::Horizontal, true, color);
+            fillLine(bottom, Qt::Vertical, true, color);
             break;
         }
     }
@@ -477,9 +553,9 @@ private:
             const int to = std::min(dash + on - 1, last);
             if (from > to)
                 continue;
-            p.fillRect(vertical ? QRect(strip.left(), from, strip.width(), to - from + 1)
-                                : QRect(from, strip.top(), to - from + 1, strip.height()),
-                       color);
+            fillLine(vertical ? QRect(strip.left(), from, strip.width(), to - from + 1)
+                              : QRect(from, strip.top(), to - from + 1, strip.height()),
+                     vertical ? Qt::Horizontal : Qt::Vertical, true, color);
         }
     }
 
@@ -493,7 +569,9 @@ private:
         if (box.isEmpty())
             return;
         selectFont(r, c, format, fixed);
-        const QString text = view.toString();
+        const QString text = fixed
+                                 ? view.toString()
+                                 : shownNumber(d, c, view.toString(), p.fontMetrics(), box.width());
         const int flags =
             textFlags(alignmentFlags(d.effectiveAlignment(r, c), text, locale), box, text);
         const int style = format.textStyle >= 0 ? format.textStyle
@@ -573,6 +651,17 @@ private:
         if (size.isEmpty())
             return;
         p.setRenderHint(QPainter::SmoothPixmapTransform, shrink);
+        if (!shrink && ratio != picture.devicePixelRatio() && d.pictureAtRatio) {
+            // Drawn pixel for device pixel from a whole device pixel: nothing is resampled.
+            const QPixmap sharp = d.pictureAtRatio(picture, ratio);
+            if (!sharp.isNull()) {
+                const QPoint origin = alignedOrigin(size, content, alignment);
+                p.drawPixmap(
+                    QPointF(qRound(origin.x() * ratio) / ratio, qRound(origin.y() * ratio) / ratio),
+                    sharp);
+                return;
+            }
+        }
         p.drawPixmap(QRect(alignedOrigin(size, content, alignment), size), picture);
     }
 
@@ -610,7 +699,11 @@ private:
     const QFont gridFont;
     const QFont fixedFont;
     const vb::VbLocale locale;
+    /// Device pixels per pixel of the surface painted on (the screen's scale).
+    const qreal ratio;
     const bool highlight;
+    /// readableTextColor() by text and background colour: a frame meets only a few pairs.
+    std::unordered_map<quint64, QColor> readableColors;
     const QFont* fontInUse = nullptr;
     std::optional<MergeRuns> merges;
 };
@@ -620,6 +713,22 @@ private:
 void FlexGridPrivate::paint(QPainter& painter, const QRect& region) const
 {
     FramePainter(*this, painter, region & q->viewport()->rect()).paint();
+}
+
+QString FlexGridPrivate::hiddenNumberAt(const QPoint& pos) const
+{
+    const int r = rowAtPx(pos.y());
+    const int c = colAtPx(pos.x());
+    if (r < 0 || c < 0 || r >= store.rowCount() || c >= store.colCount() || isFixed(r, c))
+        return {};
+    const QRect cell = cellRectPx(r, c);
+    if (!cell.contains(pos))
+        return {};
+    const int line = (gridLines == flexGridNone ? 0 : gridLineWidth) + 2 * TextMarginX;
+    const QString text = store.textView(r, c).toString();
+    const QString shown = shownNumber(*this, c, text, QFontMetrics(cellFont(r, c), q->viewport()),
+                                      cell.width() - line);
+    return shown == text ? QString() : text;
 }
 
 QPixmap FlexGridPrivate::snapshot() const

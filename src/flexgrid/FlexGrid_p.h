@@ -19,6 +19,7 @@
 #include <QPointer>
 #include <QRect>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -57,6 +58,12 @@ public:
     /// The hosting VemoGrid, told of the cell events before the signals; none for a grid of
     /// its own.
     FlexCellEventSink* cellEventSink = nullptr;
+    /// The hosting VemoGrid's column types, seen by the painting (FlexGridHosting): true for a
+    /// column whose numbers show as "###" rather than clipped when wider than their cell.
+    std::function<bool(int col)> numberColumn;
+    /// The hosting VemoGrid's own pictures drawn afresh at a device pixel ratio, so that they
+    /// stay sharp on a scaled screen; a null pixmap for a picture it does not know.
+    std::function<QPixmap(const QPixmap& picture, qreal ratio)> pictureAtRatio;
     /// The widget's logical dpi and the default row height, which every row and column size goes
     /// through; refreshMetrics() renews them when the font or the screen changes.
     int dpiX = 96;
@@ -217,6 +224,9 @@ public:
     void paint(QPainter& painter, const QRect& region) const;
     /// The `Picture` snapshot: the whole viewport as drawn.
     QPixmap snapshot() const;
+    /// The full text of the cell under viewport point `pos` when it shows as "###" (a number
+    /// column's number wider than its cell), for its tool tip; empty otherwise.
+    QString hiddenNumberAt(const QPoint& pos) const;
 
     // ---- input (FlexGridInput.cpp) ------------------------------------------------------
     void mousePress(QMouseEvent* event);

@@ -48,6 +48,32 @@ VemoGridPrivate::VemoGridPrivate(VemoGrid* grid)
     , imgMarker(GridPictures::rowMarker())
 {
     flex->setObjectName(QStringLiteral("MSHFlexGrid1"));
+    cells.setNumberColumns([this](int col) {
+        const VemoGridColType type = typeOf(col);
+        return type == eNumeric || type == eCurrency || type == eLong;
+    });
+    cells.setPictureAtRatio(
+        [this](const QPixmap& picture, qreal ratio) { return pictureAtRatio(picture, ratio); });
+}
+
+QPixmap VemoGridPrivate::pictureAtRatio(const QPixmap& picture, qreal ratio)
+{
+    const std::pair<const QPixmap*, QPixmap (*)(qreal)> drawn[] = {
+        {&imgChecked, GridPictures::checked},
+        {&imgUnchecked, GridPictures::unchecked},
+        {&imgUP, GridPictures::up},
+        {&imgDown, GridPictures::down},
+        {&imgMarker, GridPictures::rowMarker}};
+    const qint64 key = picture.cacheKey();
+    for (const auto& [own, draw] : drawn) {
+        if (own->cacheKey() != key)
+            continue;
+        QPixmap& made = picturesAtRatio[{key, ratio}];
+        if (made.isNull())
+            made = draw(ratio);
+        return made;
+    }
+    return {};
 }
 
 BulkPass::BulkPass(VemoGridPrivate& grid, qint64 cells)

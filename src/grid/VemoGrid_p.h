@@ -19,6 +19,7 @@
 
 #include <exception>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -134,6 +135,10 @@ public:
     QPixmap imgUP;
     QPixmap imgDown;
     QPixmap imgMarker;
+    /// The pictures above made at other device pixel ratios, by cache key and ratio.
+    std::map<std::pair<qint64, qreal>, QPixmap> picturesAtRatio;
+    /// One of the pictures above drawn afresh at `ratio`; null for any other picture.
+    QPixmap pictureAtRatio(const QPixmap& picture, qreal ratio);
 
     // ---- model, passes, layout and relays (VemoGrid.cpp) ---------------------------------------
     /// Reports a property change to the container.
