@@ -117,8 +117,12 @@ void EditingSession::load(CellEditor* editor, int row, int col)
         editor->setBackColor(g.cellBackColorSel);
         editor->setForeColor(g.cellForeColorSel);
     } else {
-        editor->setBackColor(flex->CellBackColor());
-        editor->setForeColor(flex->CellForeColor());
+        // The cell's colours as drawn: unset ones are the grid's, and a system text colour
+        // then stays readable on the cell's own background, as in the grid.
+        const OleColor back = flex->CellBackColor();
+        const OleColor fore = flex->CellForeColor();
+        editor->setBackColor(back ? back : flex->BackColor());
+        editor->setForeColor(fore ? fore : flex->ForeColor());
     }
     editor->setMaxLength(column->MaxLength());
     editor->setAlignment(editorAlignment(flex->ColAlignment(col)));
