@@ -271,7 +271,7 @@ qreal deviceRatio(const QPainter& painter)
 QString shownNumber(const FlexGridPrivate& d, int c, const QString& text,
                     const QFontMetrics& metrics, int width)
 {
-    if (!d.numberColumn || metrics.horizontalAdvance(text) <= width || !d.numberColumn(c))
+    if (!d.numberColumn || !d.numberColumn(c) || metrics.horizontalAdvance(text) <= width)
         return text;
     return QString(std::max(0, width / std::max(1, metrics.horizontalAdvance(u'#'))), u'#');
 }
