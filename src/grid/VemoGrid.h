@@ -277,6 +277,16 @@ public:
     /// Writes the table (without column 0) as a BIFF2 worksheet to `FileName`, typed
     /// by column; every failure is silent and skips only the cell concerned.
     void ExportToExcel(const QString& FileName);
+    /// Writes the table (without column 0) as an XLSX workbook to `FileName`: the fixed rows as
+    /// a bold, frozen header; numbers, dates (as dates), check boxes (as booleans) and
+    /// hyperlinks typed by column, with the column's format and width. A cell text that does not
+    /// read as its column's type is written as text; texts are cut to 32,767 characters. Throws
+    /// VemoError 75 when the file cannot be written.
+    void ExportToXlsx(const QString& FileName);
+    /// Writes the table (without column 0) as UTF-8 CSV with a byte order mark and CRLF lines,
+    /// cells as their texts (check boxes TRUE/FALSE). Throws VemoError 75 when the file cannot
+    /// be written.
+    void ExportToCsv(const QString& FileName);
 
     // ---- the grid's own settings -------------------------------------------------------------
     /// Cell editors may be shown; gates the leave-cell work (default true).

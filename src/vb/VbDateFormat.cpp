@@ -463,6 +463,32 @@ QString namedDateFormat(const QString& format, VbLocale locale)
     return QString();
 }
 
+// The spreadsheet code of each token with one; the others (weekday and week numbers, quarter,
+// day of the year) have none and are left out. Minutes are "m", which a spreadsheet reads as
+// minutes next to an hour or a second.
+QString spreadsheetCodes(const QString& pattern, const LocaleFormats& f)
+{
+    static const QHash<Kind, QString> codes{
+        {Kind::Day, "d"},          {Kind::Day2, "dd"},        {Kind::DayAbbr, "ddd"},
+        {Kind::DayName, "dddd"},   {Kind::Month, "m"},        {Kind::Month2, "mm"},
+        {Kind::MonthAbbr, "mmm"},  {Kind::MonthName, "mmmm"}, {Kind::Minute, "m"},
+        {Kind::Minute2, "mm"},     {Kind::Year2, "yy"},       {Kind::Year4, "yyyy"},
+        {Kind::Hour, "h"},         {Kind::Hour2, "hh"},       {Kind::Second, "s"},
+        {Kind::Second2, "ss"},     {Kind::AmPm, "AM/PM"},     {Kind::AmPmLocale, "AM/PM"},
+        {Kind::AmPmLetter, "A/P"}, {Kind::TimeSep, ":"},      {Kind::DateSep, "/"},
+    };
+    QString out;
+    for (const Token& t : tokenize(pattern)) {
+        if (t.kind == Kind::Literal)
+            out += detail::spreadsheetLiteral(t.text);
+        else if (t.kind == Kind::ShortDate || t.kind == Kind::LongDate)
+            out += spreadsheetCodes(t.kind == Kind::ShortDate ? f.shortDate : f.longDate, f);
+        else
+            out += codes.value(t.kind);
+    }
+    return out;
+}
+
 } // namespace
 
 namespace detail {
@@ -475,6 +501,15 @@ bool isNamedDateFormat(const QString& format)
 bool startsDateToken(const QString& format, qsizetype pos)
 {
     return letterTokens(format.at(pos)) != nullptr || startsAmPmToken(format, pos);
+}
+
+QString spreadsheetDateFormat(const QString& format, VbLocale locale)
+{
+    const LocaleFormats& f = formatsFor(locale);
+    const QString named = namedDateFormat(format, locale);
+    if (format.isEmpty() || (!named.isNull() && named.isEmpty()))
+        return spreadsheetCodes(f.shortDate + u' ' + f.longTime, f);
+    return spreadsheetCodes(named.isNull() ? format : named, f);
 }
 
 QString formatDateTime(const QDateTime& value, const QString& format, VbLocale locale)

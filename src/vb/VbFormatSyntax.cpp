@@ -3,6 +3,8 @@
 
 #include "vb/VbFormat_p.h"
 
+#include <utility>
+
 namespace VemoGridLib::vb::detail {
 
 namespace {
@@ -82,6 +84,46 @@ std::optional<QString> namedNumberFormat(const QString& format, VbLocale locale)
             return QString::fromUtf16(locale == VbLocale::ZhCN ? named.zhCN : named.enUS);
     }
     return std::nullopt;
+}
+
+QString spreadsheetLiteral(const QString& text)
+{
+    // Characters a spreadsheet shows as they are need no quotes; a quote is escaped.
+    QString out;
+    QString run;
+    const auto endRun = [&] {
+        if (!run.isEmpty())
+            out += u'"' + std::exchange(run, QString()) + u'"';
+    };
+    for (const QChar c : text) {
+        if (c == u'"' || QStringView(u" $-+/():!^&'~{}<>=").contains(c)) {
+            endRun();
+            out += c == u'"' ? QStringLiteral("\\\"") : QString(c);
+        } else {
+            run += c;
+        }
+    }
+    endRun();
+    return out;
+}
+
+QString spreadsheetNumberFormat(const QString& format, VbLocale locale)
+{
+    const QString expanded = namedNumberFormat(format, locale).value_or(format);
+    QString out;
+    for (qsizetype pos = 0; pos < expanded.size();) {
+        if (const std::optional<FormatLiteral> literal = literalAt(expanded, pos)) {
+            out += spreadsheetLiteral(literal->text);
+            pos = literal->end;
+            continue;
+        }
+        const QChar c = expanded.at(pos++);
+        if (QStringView(u"0#?.,%Ee+-;@$()/: ").contains(c))
+            out += c;
+        else
+            out += spreadsheetLiteral(c);
+    }
+    return out;
 }
 
 FormatKind formatKind(const QString& format)

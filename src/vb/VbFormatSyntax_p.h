@@ -30,6 +30,14 @@ QStringList formatSections(const QString& format);
 /// "General Number" the empty format), or nothing when `format` names none.
 std::optional<QString> namedNumberFormat(const QString& format, VbLocale locale);
 
+/// A literal as a spreadsheet's number format (XLSX) writes it: quoted, a quote escaped.
+QString spreadsheetLiteral(const QString& text);
+
+/// A number format in a spreadsheet's codes: a named format spelt out, the digit, separator,
+/// percent, exponent and sign codes as they are (the two languages share them), every other
+/// character a quoted literal. "General Number" and the empty format give the empty format.
+QString spreadsheetNumberFormat(const QString& format, VbLocale locale);
+
 /// The grammar of a format: a named number or date format says it by its name; otherwise the
 /// first typed token of the first section decides, outside literals: a digit placeholder or
 /// point (Number), a date token (Date), a text token @ & < > ! (Text), or none (Literal).

@@ -23,6 +23,13 @@ bool isNamedDateFormat(const QString& format);
 /// AM/PM, AMPM, A/P (date side).
 bool startsDateToken(const QString& format, qsizetype pos);
 
+/// The date format in the codes of a spreadsheet's number formats (XLSX): named formats and
+/// the locale's short and long dates spelt out, minutes as "m" (the spreadsheet reads "m" next to
+/// an hour or second as minutes, as the date side does after an hour), literals quoted. Tokens
+/// with no spreadsheet code (weekday and week numbers, quarter, day of the year) are left out;
+/// "General Date" and the empty format give the locale's short date and long time.
+QString spreadsheetDateFormat(const QString& format, VbLocale locale);
+
 /// Formats a date with a date format; named date formats included.
 VEMOGRIDLIB_EXPORT QString formatDateTime(const QDateTime& value, const QString& format,
                                           VbLocale locale);
