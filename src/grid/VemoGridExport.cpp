@@ -150,6 +150,36 @@ std::optional<double> numberOf(QStringView text, vb::VbLocale locale)
     return vb::NumericValue(QString(value).remove(QLatin1Char(',')), locale);
 }
 
+/// A date cell's day serial: yyyy-mm-dd, as the picker writes a date, read directly; any other
+/// text by VB's date reading.
+std::optional<double> dateOf(QStringView text, vb::VbLocale locale)
+{
+    const QStringView date = vb::TrimmedView(text);
+    if (date.isEmpty())
+        return std::nullopt;
+    // The number of `count` digits from `from`, or -1.
+    const auto number = [date](qsizetype from, qsizetype count) {
+        int value = 0;
+        for (const QChar c : date.sliced(from, count)) {
+            if (c < u'0' || c > u'9')
+                return -1;
+            value = value * 10 + (c.unicode() - u'0');
+        }
+        return value;
+    };
+    if (date.size() == 10 && date[4] == u'-' && date[7] == u'-') {
+        // Years below 1000 are left to VB's reading, which has its own rules for short years.
+        if (const QDate iso(number(0, 4), number(5, 2), number(8, 2));
+            iso.isValid() && iso.year() >= 1000)
+            return double(QDate(1899, 12, 30).daysTo(iso));
+    }
+    try {
+        return vb::DateToSerial(vb::CDate(date.toString(), locale));
+    } catch (const VemoError&) { // no date
+        return std::nullopt;
+    }
+}
+
 void writeXlsxCell(XlsxWorkbook& book, int row, int col, QStringView text, const XlsxColumn& column,
                    vb::VbLocale locale)
 {
@@ -158,13 +188,10 @@ void writeXlsxCell(XlsxWorkbook& book, int row, int col, QStringView text, const
         if (const std::optional<double> number = numberOf(text, locale))
             return book.writeNumber(row, col, *number, column.format);
         break;
-    case XlsxColumn::Date: {
-        const QString date = trimmed(text);
-        if (!date.isEmpty() && vb::IsDate(date, locale))
-            return book.writeNumber(row, col, vb::DateToSerial(vb::CDate(date, locale)),
-                                    column.format);
+    case XlsxColumn::Date:
+        if (const std::optional<double> serial = dateOf(text, locale))
+            return book.writeNumber(row, col, *serial, column.format);
         break;
-    }
     case XlsxColumn::CheckBox:
         return book.writeBoolean(row, col, text == QStringView(u"."));
     case XlsxColumn::Link:

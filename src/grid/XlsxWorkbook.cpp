@@ -52,8 +52,19 @@ void XlsxWorkbook::check(int error) const
                             .arg(m_fileName, QString::fromUtf8(lxw_strerror(lxw_error(error)))));
 }
 
+const char* XlsxWorkbook::utf8(QStringView text)
+{
+    // One buffer for every cell: the library copies the text before the next call.
+    m_utf8.resize(m_encoder.requiredSpace(text.size()) + 1);
+    *m_encoder.appendToBuffer(m_utf8.data(), text) = '\0';
+    return m_utf8.constData();
+}
+
 lxw_format* XlsxWorkbook::format(const QString& numberFormat, bool bold)
 {
+    // The sheet's default look needs no format of its own.
+    if (numberFormat.isEmpty() && !bold)
+        return nullptr;
     const QString key = (bold ? QLatin1Char('b') : QLatin1Char('-')) + numberFormat;
     lxw_format*& format = m_formats[key];
     if (!format) {
@@ -86,8 +97,7 @@ void XlsxWorkbook::writeText(int row, int col, QStringView text, lxw_format* for
     // A longer text is cut, as a spreadsheet cuts a pasted one, never inside a surrogate pair.
     if (text.size() > MaxCellText)
         text = text.first(MaxCellText - (text.at(MaxCellText - 1).isHighSurrogate() ? 1 : 0));
-    check(worksheet_write_string(m_sheet, lxw_row_t(row), lxw_col_t(col), text.toUtf8().constData(),
-                                 format));
+    check(worksheet_write_string(m_sheet, lxw_row_t(row), lxw_col_t(col), utf8(text), format));
 }
 
 void XlsxWorkbook::writeNumber(int row, int col, double value, lxw_format* format)
@@ -102,12 +112,22 @@ void XlsxWorkbook::writeBoolean(int row, int col, bool value)
 
 bool XlsxWorkbook::writeLink(int row, int col, QStringView url)
 {
-    // A text with no scheme would become a link to a file beside the workbook.
-    if (QUrl(url.toString()).scheme().size() < 2)
+    // A text with no scheme would become a link to a file beside the workbook. Past the
+    // sheet's limit the library would print a warning for every further link.
+    if (m_links == MaxLinks || QUrl(url.toString()).scheme().size() < 2)
         return false;
-    const QByteArray utf8 = url.toUtf8();
-    return worksheet_write_url_opt(m_sheet, lxw_row_t(row), lxw_col_t(col), utf8.constData(),
-                                   nullptr, utf8.constData(), nullptr) == LXW_NO_ERROR;
+    if (!m_linkFormat) {
+        // The look of a followed link; the library's own default is looked up anew per link.
+        m_linkFormat = workbook_add_format(m_book);
+        format_set_underline(m_linkFormat, LXW_UNDERLINE_SINGLE);
+        format_set_font_color(m_linkFormat, LXW_COLOR_BLUE);
+    }
+    const char* const address = utf8(url);
+    if (worksheet_write_url_opt(m_sheet, lxw_row_t(row), lxw_col_t(col), address, m_linkFormat,
+                                address, nullptr) != LXW_NO_ERROR)
+        return false;
+    ++m_links;
+    return true;
 }
 
 void XlsxWorkbook::close()
