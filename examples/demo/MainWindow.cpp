@@ -6,6 +6,7 @@
 #include "InvoiceListView.h"
 
 #include <VemoGridLib/AboutBox.h>
+#include <VemoGridLib/VemoError.h>
 #include <VemoGridLib/VemoGrid.h>
 
 #include <QDir>
@@ -84,6 +85,14 @@ void MainWindow::setUpMenus()
             exportLines(tr("Excel 97 worksheets (*.xls)"), QStringLiteral("xls"),
                         &VemoGridLib::VemoGrid::ExportToExcel);
         });
+        exportMenu->addAction(tr("Excel workbook (.xlsx)…"), this, [this] {
+            exportLines(tr("Excel workbooks (*.xlsx)"), QStringLiteral("xlsx"),
+                        &VemoGridLib::VemoGrid::ExportToXlsx);
+        });
+        exportMenu->addAction(tr("CSV, UTF-8 (.csv)…"), this, [this] {
+            exportLines(tr("CSV files (*.csv)"), QStringLiteral("csv"),
+                        &VemoGridLib::VemoGrid::ExportToCsv);
+        });
     }
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About VemoGridLib…"), this, [this] { VemoGridLib::showAbout(this); });
@@ -104,8 +113,13 @@ void MainWindow::exportLines(const QString& filter, const QString& suffix,
         statusBar()->showMessage(tr("Cannot replace %1.").arg(QDir::toNativeSeparators(file)));
         return;
     }
-    (m_form->linesGrid()->*exporter)(file);
-    // The exports are silent about failures: the file tells whether it was written.
+    try {
+        (m_form->linesGrid()->*exporter)(file);
+    } catch (const VemoGridLib::VemoError& error) {
+        statusBar()->showMessage(error.description());
+        return;
+    }
+    // The worksheet export is silent about failures: the file tells whether it was written.
     const QFileInfo written(file);
     statusBar()->showMessage(
         written.exists() && written.size() > 0
