@@ -129,8 +129,9 @@ double contrastRatio(const QColor& a, const QColor& b)
         return 0.2126 * linear(rgb.redF()) + 0.7152 * linear(rgb.greenF()) +
                0.0722 * linear(rgb.blueF());
     };
-    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
-    return (lighter + 0.05) / (darker + 0.05);
+    const double first = luminance(a);
+    const double second = luminance(b);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
 QColor readableTextColor(OleColor text, OleColor back, const QPalette& palette)
