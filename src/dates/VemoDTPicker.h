@@ -3,6 +3,8 @@
 #pragma once
 
 #include <VemoGridLib/CellEditor.h>
+#include <VemoGridLib/PropertyTypes.h>
+#include <VemoGridLib/VemoEnums.h>
 
 #include <memory>
 
@@ -32,13 +34,19 @@ class VEMOGRIDLIB_EXPORT VemoDTPicker : public CellEditor
 {
     Q_OBJECT
     Q_PROPERTY(bool Locked READ Locked WRITE setLocked)
-    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE setBorderStyle)
-    Q_PROPERTY(int Appearance READ Appearance WRITE setAppearance)
-    Q_PROPERTY(quint32 SelectColor READ SelectColor WRITE setSelectColor)
-    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE setForeColor)
-    Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(VemoGridLib::BorderStyleConstants BorderStyle READ enumBorderStyle WRITE
+                   guardedSetEnumBorderStyle)
+    Q_PROPERTY(VemoGridLib::AppearanceConstants Appearance READ enumAppearance WRITE
+                   guardedSetEnumAppearance)
+    Q_PROPERTY(QColor SelectColor READ colorSelectColor WRITE guardedSetColorSelectColor RESET
+                   resetColorSelectColor)
+    Q_PROPERTY(QColor ForeColor READ colorForeColor WRITE guardedSetColorForeColor RESET
+                   resetColorForeColor)
+    Q_PROPERTY(QColor BackColor READ colorBackColor WRITE guardedSetColorBackColor RESET
+                   resetColorBackColor)
     Q_PROPERTY(bool LunarCalendar READ LunarCalendar WRITE setLunarCalendar)
-    Q_PROPERTY(int Alignment READ Alignment WRITE setAlignment)
+    Q_PROPERTY(
+        VemoGridLib::AlignmentConstants Alignment READ enumAlignment WRITE guardedSetEnumAlignment)
     Q_PROPERTY(int MaxLength READ MaxLength WRITE setMaxLength)
     Q_PROPERTY(QString Text READ Text WRITE setText)
     Q_PROPERTY(QVariant Value READ Value WRITE setValue)
@@ -93,6 +101,13 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    VEMO_ENUM_PROPERTY(VemoGridLib::BorderStyleConstants, BorderStyle)
+    VEMO_ENUM_PROPERTY(VemoGridLib::AppearanceConstants, Appearance)
+    VEMO_ENUM_PROPERTY(VemoGridLib::AlignmentConstants, Alignment)
+    VEMO_COLOR_PROPERTY(SelectColor, OleColor(255))
+    VEMO_COLOR_PROPERTY(ForeColor, OleColor(0))
+    VEMO_COLOR_PROPERTY(BackColor, 0xFFFFFFu)
+
     friend class VemoDTPickerPrivate;
     std::unique_ptr<VemoDTPickerPrivate> d;
 };

@@ -190,6 +190,23 @@ void VemoComboBox::setListHeader(const QString& header)
     listColumn()->setListHeader(header);
 }
 
+QStringList VemoComboBox::Items()
+{
+    VemoGridLib::Column& column = *listColumn();
+    QStringList items;
+    for (qint32 index = 0; index < column.ItemCount(); ++index)
+        items << column.Item(index);
+    return items;
+}
+
+void VemoComboBox::setItems(const QStringList& items)
+{
+    VemoGridLib::Column& column = *listColumn();
+    column.clearItems();
+    for (const QString& item : items)
+        column.AddItem(item);
+}
+
 qint32 VemoComboBox::Cols() const
 {
     return d->grid->Cols();

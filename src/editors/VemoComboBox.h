@@ -3,6 +3,9 @@
 #pragma once
 
 #include <VemoGridLib/CellEditor.h>
+#include <VemoGridLib/FlexEnums.h>
+#include <VemoGridLib/PropertyTypes.h>
+#include <VemoGridLib/VemoEnums.h>
 
 #include <QPixmap>
 
@@ -42,12 +45,17 @@ class VemoComboBoxPrivate;
 class VEMOGRIDLIB_EXPORT VemoComboBox : public CellEditor
 {
     Q_OBJECT
-    Q_PROPERTY(int Alignment READ Alignment WRITE guardedSetAlignment)
-    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE guardedSetBorderStyle)
-    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE guardedSetForeColor)
-    Q_PROPERTY(quint32 BackColor READ BackColor WRITE guardedSetBackColor)
+    Q_PROPERTY(
+        VemoGridLib::AlignmentConstants Alignment READ enumAlignment WRITE guardedSetEnumAlignment)
+    Q_PROPERTY(VemoGridLib::BorderStyleConstants BorderStyle READ enumBorderStyle WRITE
+                   guardedSetEnumBorderStyle)
+    Q_PROPERTY(QColor ForeColor READ colorForeColor WRITE guardedSetColorForeColor RESET
+                   resetColorForeColor)
+    Q_PROPERTY(QColor BackColor READ colorBackColor WRITE guardedSetColorBackColor RESET
+                   resetColorBackColor)
     Q_PROPERTY(QString Text READ Text WRITE guardedSetText)
-    Q_PROPERTY(int Appearance READ Appearance WRITE guardedSetAppearance)
+    Q_PROPERTY(VemoGridLib::AppearanceConstants Appearance READ enumAppearance WRITE
+                   guardedSetEnumAppearance)
     Q_PROPERTY(int MaxLength READ MaxLength WRITE guardedSetMaxLength)
     Q_PROPERTY(bool ShowHeader READ ShowHeader WRITE guardedSetShowHeader)
     Q_PROPERTY(qint16 ListWidth READ ListWidth WRITE guardedSetListWidth)
@@ -55,7 +63,10 @@ class VEMOGRIDLIB_EXPORT VemoComboBox : public CellEditor
     Q_PROPERTY(bool Locked READ Locked WRITE guardedSetLocked)
     Q_PROPERTY(qint16 SelectCol READ SelectCol WRITE guardedSetSelectCol)
     Q_PROPERTY(bool HotTracking READ HotTracking WRITE guardedSetHotTracking)
-    Q_PROPERTY(int MousePointer READ MousePointer WRITE guardedSetMousePointer)
+    Q_PROPERTY(VemoGridLib::Flex::MousePointerSettings MousePointer READ enumMousePointer WRITE
+                   guardedSetEnumMousePointer)
+    Q_PROPERTY(QString ListHeader READ ListHeader WRITE guardedSetListHeader)
+    Q_PROPERTY(QStringList Items READ Items WRITE guardedSetItems)
 
 public:
     explicit VemoComboBox(QWidget* parent = nullptr);
@@ -82,6 +93,9 @@ public:
     /// The header texts of row 0, separated by tabs.
     QString ListHeader();
     void setListHeader(const QString& header);
+    /// Every item, in order; the setter replaces them (the form designer edits them as a list).
+    QStringList Items();
+    void setItems(const QStringList& items);
 
     /// The list as last filled: its columns, and its rows with the header row.
     qint32 Cols() const;
@@ -156,12 +170,12 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    VEMO_GUARDED_WRITE(int, Alignment);
-    VEMO_GUARDED_WRITE(int, BorderStyle);
-    VEMO_GUARDED_WRITE(quint32, ForeColor);
-    VEMO_GUARDED_WRITE(quint32, BackColor);
+    VEMO_ENUM_PROPERTY(VemoGridLib::AlignmentConstants, Alignment)
+    VEMO_ENUM_PROPERTY(VemoGridLib::BorderStyleConstants, BorderStyle)
+    VEMO_COLOR_PROPERTY(ForeColor, vbWindowText)
+    VEMO_COLOR_PROPERTY(BackColor, 0xFFFFFFu)
     VEMO_GUARDED_WRITE(QString, Text);
-    VEMO_GUARDED_WRITE(int, Appearance);
+    VEMO_ENUM_PROPERTY(VemoGridLib::AppearanceConstants, Appearance)
     VEMO_GUARDED_WRITE(int, MaxLength);
     VEMO_GUARDED_WRITE(bool, ShowHeader);
     VEMO_GUARDED_WRITE(qint16, ListWidth);
@@ -169,7 +183,9 @@ private:
     VEMO_GUARDED_WRITE(bool, Locked);
     VEMO_GUARDED_WRITE(qint16, SelectCol);
     VEMO_GUARDED_WRITE(bool, HotTracking);
-    VEMO_GUARDED_WRITE(int, MousePointer);
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::MousePointerSettings, MousePointer)
+    VEMO_GUARDED_WRITE(QString, ListHeader);
+    VEMO_GUARDED_WRITE(QStringList, Items);
 
     friend class VemoComboBoxPrivate;
     std::unique_ptr<VemoComboBoxPrivate> d;

@@ -5,7 +5,9 @@
 #include <VemoGridLib/Column.h>
 
 #include <VemoGridLib/ErrorGuard.h>
+#include <VemoGridLib/FlexEnums.h>
 #include <VemoGridLib/OleColor.h>
+#include <VemoGridLib/PropertyTypes.h>
 #include <VemoGridLib/VemoEnums.h>
 #include <VemoGridLib/VemoGridLibExport.h>
 
@@ -66,44 +68,71 @@ class VEMOGRIDLIB_EXPORT VemoGrid : public QWidget
     Q_PROPERTY(int FixedCols READ FixedCols WRITE guardedSetFixedCols)
     Q_PROPERTY(QString FormatString READ FormatString WRITE guardedSetFormatString)
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
-    Q_PROPERTY(int Appearance READ Appearance WRITE guardedSetAppearance)
-    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE guardedSetBorderStyle)
-    Q_PROPERTY(quint32 BackColor1 READ BackColor1 WRITE guardedSetBackColor1)
-    Q_PROPERTY(quint32 BackColor2 READ BackColor2 WRITE guardedSetBackColor2)
-    Q_PROPERTY(quint32 ReadOnlyColor READ ReadOnlyColor WRITE guardedSetReadOnlyColor)
-    Q_PROPERTY(quint32 ForeColor READ ForeColor WRITE guardedSetForeColor)
-    Q_PROPERTY(quint32 BackColorBkg READ BackColorBkg WRITE guardedSetBackColorBkg)
-    Q_PROPERTY(quint32 BackColorFixed READ BackColorFixed WRITE guardedSetBackColorFixed)
-    Q_PROPERTY(quint32 BackColorSel READ BackColorSel WRITE guardedSetBackColorSel)
-    Q_PROPERTY(quint32 ForeColorSel READ ForeColorSel WRITE guardedSetForeColorSel)
-    Q_PROPERTY(quint32 ForeColorFixed READ ForeColorFixed WRITE guardedSetForeColorFixed)
-    Q_PROPERTY(quint32 GridColor READ GridColor WRITE guardedSetGridColor)
-    Q_PROPERTY(quint32 GridColorFixed READ GridColorFixed WRITE guardedSetGridColorFixed)
-    Q_PROPERTY(int GridLines READ GridLines WRITE guardedSetGridLines)
-    Q_PROPERTY(int GridLinesFixed READ GridLinesFixed WRITE guardedSetGridLinesFixed)
+    Q_PROPERTY(VemoGridLib::AppearanceConstants Appearance READ enumAppearance WRITE
+                   guardedSetEnumAppearance)
+    Q_PROPERTY(VemoGridLib::BorderStyleConstants BorderStyle READ enumBorderStyle WRITE
+                   guardedSetEnumBorderStyle)
+    Q_PROPERTY(QColor BackColor1 READ colorBackColor1 WRITE guardedSetColorBackColor1 RESET
+                   resetColorBackColor1)
+    Q_PROPERTY(QColor BackColor2 READ colorBackColor2 WRITE guardedSetColorBackColor2 RESET
+                   resetColorBackColor2)
+    Q_PROPERTY(QColor ReadOnlyColor READ colorReadOnlyColor WRITE guardedSetColorReadOnlyColor RESET
+                   resetColorReadOnlyColor)
+    Q_PROPERTY(QColor ForeColor READ colorForeColor WRITE guardedSetColorForeColor RESET
+                   resetColorForeColor)
+    Q_PROPERTY(QColor BackColorBkg READ colorBackColorBkg WRITE guardedSetColorBackColorBkg RESET
+                   resetColorBackColorBkg)
+    Q_PROPERTY(QColor BackColorFixed READ colorBackColorFixed WRITE guardedSetColorBackColorFixed
+                   RESET resetColorBackColorFixed)
+    Q_PROPERTY(QColor BackColorSel READ colorBackColorSel WRITE guardedSetColorBackColorSel RESET
+                   resetColorBackColorSel)
+    Q_PROPERTY(QColor ForeColorSel READ colorForeColorSel WRITE guardedSetColorForeColorSel RESET
+                   resetColorForeColorSel)
+    Q_PROPERTY(QColor ForeColorFixed READ colorForeColorFixed WRITE guardedSetColorForeColorFixed
+                   RESET resetColorForeColorFixed)
+    Q_PROPERTY(QColor GridColor READ colorGridColor WRITE guardedSetColorGridColor RESET
+                   resetColorGridColor)
+    Q_PROPERTY(QColor GridColorFixed READ colorGridColorFixed WRITE guardedSetColorGridColorFixed
+                   RESET resetColorGridColorFixed)
+    Q_PROPERTY(VemoGridLib::Flex::GridLineSettings GridLines READ enumGridLines WRITE
+                   guardedSetEnumGridLines)
+    Q_PROPERTY(VemoGridLib::Flex::GridLineSettings GridLinesFixed READ enumGridLinesFixed WRITE
+                   guardedSetEnumGridLinesFixed)
     Q_PROPERTY(int GridLineWidth READ GridLineWidth WRITE guardedSetGridLineWidth)
-    Q_PROPERTY(int CellAppearance READ CellAppearance WRITE guardedSetCellAppearance)
-    Q_PROPERTY(int CellBorderStyle READ CellBorderStyle WRITE guardedSetCellBorderStyle)
+    Q_PROPERTY(VemoGridLib::AppearanceConstants CellAppearance READ enumCellAppearance WRITE
+                   guardedSetEnumCellAppearance)
+    Q_PROPERTY(VemoGridLib::BorderStyleConstants CellBorderStyle READ enumCellBorderStyle WRITE
+                   guardedSetEnumCellBorderStyle)
     Q_PROPERTY(QFont Font READ Font WRITE setFont)
     Q_PROPERTY(QFont FontFixed READ FontFixed WRITE guardedSetFontFixed)
-    Q_PROPERTY(int FocusRect READ FocusRect WRITE guardedSetFocusRect)
-    Q_PROPERTY(int MergeCells READ MergeCells WRITE guardedSetMergeCells)
-    Q_PROPERTY(int SelectionMode READ SelectionMode WRITE guardedSetSelectionMode)
+    Q_PROPERTY(VemoGridLib::Flex::FocusRectSettings FocusRect READ enumFocusRect WRITE
+                   guardedSetEnumFocusRect)
+    Q_PROPERTY(VemoGridLib::Flex::MergeCellsSettings MergeCells READ enumMergeCells WRITE
+                   guardedSetEnumMergeCells)
+    Q_PROPERTY(VemoGridLib::Flex::SelectionModeSettings SelectionMode READ enumSelectionMode WRITE
+                   guardedSetEnumSelectionMode)
     Q_PROPERTY(bool WordWrap READ WordWrap WRITE guardedSetWordWrap)
-    Q_PROPERTY(int TextStyle READ TextStyle WRITE guardedSetTextStyle)
-    Q_PROPERTY(int TextStyleFixed READ TextStyleFixed WRITE guardedSetTextStyleFixed)
-    Q_PROPERTY(int ScrollBars READ ScrollBars WRITE guardedSetScrollBars)
+    Q_PROPERTY(VemoGridLib::Flex::TextStyleSettings TextStyle READ enumTextStyle WRITE
+                   guardedSetEnumTextStyle)
+    Q_PROPERTY(VemoGridLib::Flex::TextStyleSettings TextStyleFixed READ enumTextStyleFixed WRITE
+                   guardedSetEnumTextStyleFixed)
+    Q_PROPERTY(VemoGridLib::Flex::ScrollBarsSettings ScrollBars READ enumScrollBars WRITE
+                   guardedSetEnumScrollBars)
     Q_PROPERTY(bool ScrollTrack READ ScrollTrack WRITE guardedSetScrollTrack)
-    Q_PROPERTY(int HighLight READ HighLight WRITE guardedSetHighLight)
+    Q_PROPERTY(VemoGridLib::Flex::HighLightSettings HighLight READ enumHighLight WRITE
+                   guardedSetEnumHighLight)
     Q_PROPERTY(bool AllowBigSelection READ AllowBigSelection WRITE guardedSetAllowBigSelection)
-    Q_PROPERTY(int AllowUserResizing READ AllowUserResizing WRITE guardedSetAllowUserResizing)
+    Q_PROPERTY(VemoGridLib::Flex::AllowUserResizeSettings AllowUserResizing READ
+                   enumAllowUserResizing WRITE guardedSetEnumAllowUserResizing)
     Q_PROPERTY(bool EditEnable READ EditEnable WRITE guardedSetEditEnable)
     Q_PROPERTY(bool Sortable READ Sortable WRITE guardedSetSortable)
     Q_PROPERTY(bool NullLine READ NullLine WRITE guardedSetNullLine)
     Q_PROPERTY(bool AutoGrow READ AutoGrow WRITE guardedSetAutoGrow)
     Q_PROPERTY(bool AssignCellColorSel READ AssignCellColorSel WRITE guardedSetAssignCellColorSel)
-    Q_PROPERTY(quint32 CellBackColorSel READ CellBackColorSel WRITE guardedSetCellBackColorSel)
-    Q_PROPERTY(quint32 CellForeColorSel READ CellForeColorSel WRITE guardedSetCellForeColorSel)
+    Q_PROPERTY(QColor CellBackColorSel READ colorCellBackColorSel WRITE
+                   guardedSetColorCellBackColorSel RESET resetColorCellBackColorSel)
+    Q_PROPERTY(QColor CellForeColorSel READ colorCellForeColorSel WRITE
+                   guardedSetColorCellForeColorSel RESET resetColorCellForeColorSel)
     Q_PROPERTY(int AutoCalc1 READ AutoCalc1 WRITE guardedSetAutoCalc1)
     Q_PROPERTY(int AutoCalc2 READ AutoCalc2 WRITE guardedSetAutoCalc2)
     Q_PROPERTY(int AutoCalcRES READ AutoCalcRES WRITE guardedSetAutoCalcRES)
@@ -113,7 +142,7 @@ class VEMOGRIDLIB_EXPORT VemoGrid : public QWidget
     Q_PROPERTY(short ScrollNum READ ScrollNum WRITE guardedSetScrollNum)
     Q_PROPERTY(bool LunarCalendar READ LunarCalendar WRITE guardedSetLunarCalendar)
     Q_PROPERTY(bool Redraw READ Redraw WRITE guardedSetRedraw)
-    Q_PROPERTY(bool UserMode READ UserMode WRITE guardedSetUserMode)
+    Q_PROPERTY(bool UserMode READ UserMode WRITE guardedSetUserMode DESIGNABLE false)
     Q_PROPERTY(QVariant Tag READ Tag WRITE guardedSetTag)
     Q_PROPERTY(QAbstractItemModel* DataSource READ DataSource WRITE guardedSetDataSource)
     // Last, so that a form loader sets it after the sizes and the format string.
@@ -500,49 +529,50 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    // The writers moc calls for the properties above (VemoGridLib/ErrorGuard.h).
+    // The accessors moc calls for the properties above (VemoGridLib/ErrorGuard.h,
+    // VemoGridLib/PropertyTypes.h).
     VEMO_GUARDED_WRITE(int, Rows);
     VEMO_GUARDED_WRITE(int, Cols);
     VEMO_GUARDED_WRITE(int, FixedRows);
     VEMO_GUARDED_WRITE(int, FixedCols);
     VEMO_GUARDED_WRITE(QString, FormatString);
-    VEMO_GUARDED_WRITE(int, Appearance);
-    VEMO_GUARDED_WRITE(int, BorderStyle);
-    VEMO_GUARDED_WRITE(quint32, BackColor1);
-    VEMO_GUARDED_WRITE(quint32, BackColor2);
-    VEMO_GUARDED_WRITE(quint32, ReadOnlyColor);
-    VEMO_GUARDED_WRITE(quint32, ForeColor);
-    VEMO_GUARDED_WRITE(quint32, BackColorBkg);
-    VEMO_GUARDED_WRITE(quint32, BackColorFixed);
-    VEMO_GUARDED_WRITE(quint32, BackColorSel);
-    VEMO_GUARDED_WRITE(quint32, ForeColorSel);
-    VEMO_GUARDED_WRITE(quint32, ForeColorFixed);
-    VEMO_GUARDED_WRITE(quint32, GridColor);
-    VEMO_GUARDED_WRITE(quint32, GridColorFixed);
-    VEMO_GUARDED_WRITE(int, GridLines);
-    VEMO_GUARDED_WRITE(int, GridLinesFixed);
+    VEMO_ENUM_PROPERTY(VemoGridLib::AppearanceConstants, Appearance)
+    VEMO_ENUM_PROPERTY(VemoGridLib::BorderStyleConstants, BorderStyle)
+    VEMO_COLOR_PROPERTY(BackColor1, 0xFFFFFFu)
+    VEMO_COLOR_PROPERTY(BackColor2, 0xBFFFFFu)
+    VEMO_COLOR_PROPERTY(ReadOnlyColor, 0xDFDFC0u)
+    VEMO_COLOR_PROPERTY(ForeColor, vbWindowText)
+    VEMO_COLOR_PROPERTY(BackColorBkg, 0x808080u)
+    VEMO_COLOR_PROPERTY(BackColorFixed, vbButtonFace)
+    VEMO_COLOR_PROPERTY(BackColorSel, vbHighlight)
+    VEMO_COLOR_PROPERTY(ForeColorSel, vbHighlightText)
+    VEMO_COLOR_PROPERTY(ForeColorFixed, vbButtonText)
+    VEMO_COLOR_PROPERTY(GridColor, 0xC0C0C0u)
+    VEMO_COLOR_PROPERTY(GridColorFixed, 0u)
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::GridLineSettings, GridLines)
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::GridLineSettings, GridLinesFixed)
     VEMO_GUARDED_WRITE(int, GridLineWidth);
-    VEMO_GUARDED_WRITE(int, CellAppearance);
-    VEMO_GUARDED_WRITE(int, CellBorderStyle);
+    VEMO_ENUM_PROPERTY(VemoGridLib::AppearanceConstants, CellAppearance)
+    VEMO_ENUM_PROPERTY(VemoGridLib::BorderStyleConstants, CellBorderStyle)
     VEMO_GUARDED_WRITE(QFont, FontFixed);
-    VEMO_GUARDED_WRITE(int, FocusRect);
-    VEMO_GUARDED_WRITE(int, MergeCells);
-    VEMO_GUARDED_WRITE(int, SelectionMode);
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::FocusRectSettings, FocusRect)
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::MergeCellsSettings, MergeCells)
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::SelectionModeSettings, SelectionMode)
     VEMO_GUARDED_WRITE(bool, WordWrap);
-    VEMO_GUARDED_WRITE(int, TextStyle);
-    VEMO_GUARDED_WRITE(int, TextStyleFixed);
-    VEMO_GUARDED_WRITE(int, ScrollBars);
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::TextStyleSettings, TextStyle)
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::TextStyleSettings, TextStyleFixed)
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::ScrollBarsSettings, ScrollBars)
     VEMO_GUARDED_WRITE(bool, ScrollTrack);
-    VEMO_GUARDED_WRITE(int, HighLight);
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::HighLightSettings, HighLight)
     VEMO_GUARDED_WRITE(bool, AllowBigSelection);
-    VEMO_GUARDED_WRITE(int, AllowUserResizing);
+    VEMO_ENUM_PROPERTY(VemoGridLib::Flex::AllowUserResizeSettings, AllowUserResizing)
     VEMO_GUARDED_WRITE(bool, EditEnable);
     VEMO_GUARDED_WRITE(bool, Sortable);
     VEMO_GUARDED_WRITE(bool, NullLine);
     VEMO_GUARDED_WRITE(bool, AutoGrow);
     VEMO_GUARDED_WRITE(bool, AssignCellColorSel);
-    VEMO_GUARDED_WRITE(quint32, CellBackColorSel);
-    VEMO_GUARDED_WRITE(quint32, CellForeColorSel);
+    VEMO_COLOR_PROPERTY(CellBackColorSel, 0xFFFFFFu)
+    VEMO_COLOR_PROPERTY(CellForeColorSel, 0u)
     VEMO_GUARDED_WRITE(int, AutoCalc1);
     VEMO_GUARDED_WRITE(int, AutoCalc2);
     VEMO_GUARDED_WRITE(int, AutoCalcRES);
