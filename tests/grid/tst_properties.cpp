@@ -25,7 +25,11 @@ QVariant of(T value)
     return QVariant::fromValue(value);
 }
 const auto int16 = of<qint16>;
-const auto colour = of<OleColor>;
+// The colour properties read as the QColor an OLE colour paints with.
+QVariant colour(OleColor value)
+{
+    return toQColor(value);
+}
 
 QFont fixedFont()
 {
@@ -49,12 +53,12 @@ std::vector<Saved> savedProperties(QAbstractItemModel* model)
         {"BackColor1", colour(0x112233), colour(0xFFFFFF)},
         {"BackColor2", colour(0x223344), colour(0xBFFFFF)},
         {"ReadOnlyColor", colour(0x334455), colour(0xDFDFC0)},
-        {"ForeColor", colour(0x80000012), colour(0x80000008)},
+        {"ForeColor", colour(0x123456), colour(0x80000008)},
         {"BackColorBkg", colour(0x808080), colour(0x8000000F)},
-        {"BackColorFixed", colour(0x80000010), colour(0x8000000F)},
+        {"BackColorFixed", colour(0x654321), colour(0x8000000F)},
         {"BackColorSel", colour(0x00FF00), colour(0x8000000D)},
         {"ForeColorSel", colour(0x0000FF), colour(0)},
-        {"ForeColorFixed", colour(0x80000012), colour(0x80000007)},
+        {"ForeColorFixed", colour(0x0A0B0C), colour(0x80000007)},
         {"GridColor", colour(0x404040), colour(0xC0C0C0)},
         {"GridColorFixed", colour(0x000001), colour(0xC0C0C0)},
         {"GridLines", 2, 1}, {"GridLinesFixed", 3, 2}, {"GridLineWidth", 2, 1},
@@ -91,6 +95,7 @@ bool same(const QVariant& actual, const QVariant& expected)
     case QMetaType::QFont:
         return qvariant_cast<QFont>(actual) == qvariant_cast<QFont>(expected);
     case QMetaType::QString:
+    case QMetaType::QColor:
     case QMetaType::Bool:
         return actual.metaType() == expected.metaType() && actual == expected;
     default:

@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
 # Installs the built library into a scratch prefix and builds a consumer against it.
 file(REMOVE_RECURSE ${WORK_DIR})
+# Only the library: the Designer plugin goes to Qt's own plugin folder, outside any prefix.
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/prefix
+                        --component Unspecified
                 RESULT_VARIABLE rc OUTPUT_QUIET)
 if(NOT rc EQUAL 0)
     message(FATAL_ERROR "cmake --install failed")

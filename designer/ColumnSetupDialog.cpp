@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: MIT
+#include "ColumnSetupDialog.h"
+
+#include <VemoGridLib/ColumnSetup.h>
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QMetaEnum>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStandardItemModel>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <set>
+
+namespace VemoGridLib {
+
+namespace {
+
+using Field = ColumnSetupDialog::Field;
+
+QStringList keysOf(const QMetaEnum& meta)
+{
+    QStringList keys;
+    for (int i = 0; i < meta.keyCount(); ++i)
+        keys << QString::fromLatin1(meta.key(i));
+    return keys;
+}
+
+/// The names a drop-down cell offers, in the order of their values; none for other cells.
+QStringList choicesOf(int field)
+{
+    switch (field) {
+    case Field::ColType:
+        return keysOf(QMetaEnum::fromType<VemoGridColType>());
+    case Field::SortType:
+        return keysOf(QMetaEnum::fromType<VemoSortTypeConstants>());
+    case Field::CompareMode:
+        return {QStringLiteral("vbBinaryCompare"), QStringLiteral("vbTextCompare")};
+    default:
+        return {};
+    }
+}
+
+bool isSwitch(int field)
+{
+    static const std::set<int> switches = {Field::Locked,       Field::AutoAdd,
+                                           Field::ShowZero,     Field::ShowHeader,
+                                           Field::AutoDropDown, Field::HotTracking};
+    return switches.count(field) != 0;
+}
+
+/// Drop-downs for the enumerations and a multi-line editor for the items; the editors' user
+/// properties (currentText, plainText) carry the cell's text both ways.
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override
+    {
+        if (const QStringList choices = choicesOf(index.column()); !choices.isEmpty()) {
+            auto* const box = new QComboBox(parent);
+            box->addItems(choices);
+            return box;
+        }
+        if (index.column() == Field::Items)
+            return new QPlainTextEdit(parent);
+        return QStyledItemDelegate::createEditor(parent, option, index);
+    }
+};
+
+/// A number cell: empty (or not a number) is `fallback`.
+int whole(const QStandardItem* item, int fallback)
+{
+    bool ok = false;
+    const int value = item->text().trimmed().toInt(&ok);
+    return ok ? value : fallback;
+}
+
+std::optional<double> decimal(const QStandardItem* item)
+{
+    bool ok = false;
+    const double value = item->text().trimmed().toDouble(&ok);
+    return ok ? std::optional(value) : std::nullopt;
+}
+
+QString numberText(int value, int fallback)
+{
+    return value == fallback ? QString() : QString::number(value);
+}
+
+QString decimalText(std::optional<double> value)
+{
+    return value ? QString::number(*value, 'g', 17) : QString();
+}
+
+int choiceOf(const QStandardItem* item, int field)
+{
+    return int(std::max<qsizetype>(0, choicesOf(field).indexOf(item->text())));
+}
+
+QList<QStandardItem*> rowOf(const ColumnSettings& s)
+{
+    QList<QStandardItem*> row;
+    for (int field = 0; field < Field::FieldCount; ++field) {
+        auto* const item = new QStandardItem;
+        if (isSwitch(field))
+            item->setCheckable(true);
+        row << item;
+    }
+    const auto text = [&](int field, const QString& value) {
+        row[field]->setText(value);
+    };
+    const auto check = [&](int field, bool on) {
+        row[field]->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    };
+    text(Field::Col, QString::number(s.Col));
+    text(Field::Header, s.Header);
+    text(Field::Width, numberText(s.Width, -1));
+    text(Field::ColType, choicesOf(Field::ColType).value(s.ColType));
+    text(Field::DecimalLength, numberText(s.DecimalLength, -1));
+    text(Field::FormatString, s.FormatString);
+    text(Field::MinValue, decimalText(s.MinValue));
+    text(Field::MaxValue, decimalText(s.MaxValue));
+    check(Field::Locked, s.Locked);
+    check(Field::AutoAdd, s.AutoAdd);
+    check(Field::ShowZero, s.ShowZero);
+    text(Field::SortType, choicesOf(Field::SortType).value(s.SortType));
+    text(Field::Items, s.Items.join(u'\n'));
+    text(Field::ListHeader, s.ListHeader);
+    text(Field::ListWidth, numberText(s.ListWidth, -1));
+    text(Field::VisibleRows, numberText(s.VisibleRows, 12));
+    text(Field::SelectCol, numberText(s.SelectCol, 0));
+    check(Field::ShowHeader, s.ShowHeader);
+    check(Field::AutoDropDown, s.AutoDropDown);
+    check(Field::HotTracking, s.HotTracking);
+    text(Field::CompareMode, choicesOf(Field::CompareMode).value(s.CompareMode));
+    return row;
+}
+
+ColumnSettings settingsOf(const QStandardItemModel& model, int row)
+{
+    const auto item = [&](int field) {
+        return model.item(row, field);
+    };
+    const auto checked = [&](int field) {
+        return item(field)->checkState() == Qt::Checked;
+    };
+    ColumnSettings s;
+    s.Col = whole(item(Field::Col), row + 1);
+    s.Header = item(Field::Header)->text();
+    s.Width = whole(item(Field::Width), -1);
+    s.ColType = VemoGridColType(choiceOf(item(Field::ColType), Field::ColType));
+    s.DecimalLength = whole(item(Field::DecimalLength), -1);
+    s.FormatString = item(Field::FormatString)->text();
+    s.MinValue = decimal(item(Field::MinValue));
+    s.MaxValue = decimal(item(Field::MaxValue));
+    s.Locked = checked(Field::Locked);
+    s.AutoAdd = checked(Field::AutoAdd);
+    s.ShowZero = checked(Field::ShowZero);
+    s.SortType = VemoSortTypeConstants(choiceOf(item(Field::SortType), Field::SortType));
+    const QString items = item(Field::Items)->text();
+    s.Items = items.isEmpty() ? QStringList() : items.split(u'\n');
+    s.ListHeader = item(Field::ListHeader)->text();
+    s.ListWidth = whole(item(Field::ListWidth), -1);
+    s.VisibleRows = whole(item(Field::VisibleRows), 12);
+    s.SelectCol = whole(item(Field::SelectCol), 0);
+    s.ShowHeader = checked(Field::ShowHeader);
+    s.AutoDropDown = checked(Field::AutoDropDown);
+    s.HotTracking = checked(Field::HotTracking);
+    s.CompareMode = vb::CompareMethod(choiceOf(item(Field::CompareMode), Field::CompareMode));
+    return s;
+}
+
+} // namespace
+
+ColumnSetupDialog::ColumnSetupDialog(QWidget* parent)
+    : QDialog(parent)
+    , m_model(new QStandardItemModel(0, FieldCount, this))
+    , m_view(new QTableView(this))
+{
+    setWindowTitle(tr("Edit Columns"));
+    const QMetaEnum fields = QMetaEnum::fromType<Field>();
+    for (int field = 0; field < FieldCount; ++field)
+        m_model->setHeaderData(field, Qt::Horizontal, QString::fromLatin1(fields.key(field)));
+    m_view->setModel(m_model);
+    m_view->setItemDelegate(new CellDelegate(m_view));
+    m_view->verticalHeader()->hide();
+
+    auto* const add = new QPushButton(tr("&Add"), this);
+    auto* const remove = new QPushButton(tr("&Remove"), this);
+    connect(add, &QPushButton::clicked, this, &ColumnSetupDialog::addRow);
+    connect(remove, &QPushButton::clicked, this, &ColumnSetupDialog::removeSelectedRows);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* const rowButtons = new QHBoxLayout;
+    rowButtons->addWidget(add);
+    rowButtons->addWidget(remove);
+    rowButtons->addStretch();
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(m_view);
+    layout->addLayout(rowButtons);
+    layout->addWidget(buttons);
+    resize(900, 360);
+}
+
+void ColumnSetupDialog::setText(const QString& text)
+{
+    const QList<ColumnSettings> columns = parseColumnSetup(text);
+    m_model->setRowCount(0);
+    for (const ColumnSettings& column : columns)
+        m_model->appendRow(rowOf(column));
+    m_view->resizeRowsToContents();
+}
+
+QString ColumnSetupDialog::text() const
+{
+    QList<ColumnSettings> columns;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        columns << settingsOf(*m_model, row);
+    return formatColumnSetup(columns);
+}
+
+QStandardItemModel* ColumnSetupDialog::model() const
+{
+    return m_model;
+}
+
+void ColumnSetupDialog::addRow()
+{
+    ColumnSettings column;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        column.Col = std::max(column.Col, whole(m_model->item(row, Col), 0) + 1);
+    m_model->appendRow(rowOf(column));
+}
+
+void ColumnSetupDialog::removeSelectedRows()
+{
+    std::set<int, std::greater<>> rows;
+    for (const QModelIndex& index : m_view->selectionModel()->selectedIndexes())
+        rows.insert(index.row());
+    for (const int row : rows)
+        m_model->removeRow(row);
+}
+
+} // namespace VemoGridLib
