@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QMessageBox>
 #include <QMetaEnum>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -198,7 +199,7 @@ ColumnSetupDialog::ColumnSetupDialog(QWidget* parent)
     connect(add, &QPushButton::clicked, this, &ColumnSetupDialog::addRow);
     connect(remove, &QPushButton::clicked, this, &ColumnSetupDialog::removeSelectedRows);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &ColumnSetupDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* const rowButtons = new QHBoxLayout;
@@ -249,6 +250,19 @@ void ColumnSetupDialog::removeSelectedRows()
         rows.insert(index.row());
     for (const int row : rows)
         m_model->removeRow(row);
+}
+
+void ColumnSetupDialog::accept()
+{
+    // A setting the column type refuses (decimals of a currency column, say) only shows when the
+    // text is read back.
+    try {
+        parseColumnSetup(text());
+    } catch (const std::exception& error) {
+        QMessageBox::warning(this, windowTitle(), QString::fromUtf8(error.what()));
+        return;
+    }
+    QDialog::accept();
 }
 
 } // namespace VemoGridLib

@@ -60,6 +60,9 @@ public:
     /// Removes the rows of the selected cells.
     void removeSelectedRows();
 
+    /// Closes the dialog only when the table reads as a column setup; else says what is wrong.
+    void accept() override;
+
 private:
     QStandardItemModel* m_model;
     QTableView* m_view;
