@@ -81,8 +81,8 @@ void MainWindow::setUpMenus()
 {
     if (m_database->isOpen()) {
         QMenu* exportMenu = menuBar()->addMenu(tr("&Export"));
-        exportMenu->addAction(tr("Excel 97 worksheet (.xls)…"), this, [this] {
-            exportLines(tr("Excel 97 worksheets (*.xls)"), QStringLiteral("xls"),
+        exportMenu->addAction(tr("Excel worksheet, BIFF2 (.xls)…"), this, [this] {
+            exportLines(tr("Excel worksheets (*.xls)"), QStringLiteral("xls"),
                         &VemoGridLib::VemoGrid::ExportToExcel);
         });
         exportMenu->addAction(tr("Excel workbook (.xlsx)…"), this, [this] {
