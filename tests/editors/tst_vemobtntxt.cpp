@@ -4,6 +4,7 @@
 #include <VemoGridLib/VemoBtnTxt.h>
 
 #include "RecordingReceiver.h"
+#include "ShownWindow.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -38,9 +39,7 @@ private slots:
         editor->setGeometry(10, 10, 200, 24);
         other = new QLineEdit(form);
         other->setGeometry(10, 50, 100, 24);
-        form->show();
-        form->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(form));
+        QVERIFY(VemoTest::showActive(*form));
         editor->setEventReceiver(&host);
         field()->setFocus();
         host = VemoTest::RecordingReceiver();

@@ -5,6 +5,7 @@
 #include <VemoGridLib/VemoTextBox.h>
 
 #include "RecordingReceiver.h"
+#include "ShownWindow.h"
 #include "VemoTestSupport.h"
 
 #include <QApplication>
@@ -221,8 +222,7 @@ private slots:
         Editor editor(eNumeric, &window);
         auto* other = new QLineEdit(&window);
         auto* third = new QLineEdit(&window);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(VemoTest::showActive(window));
         editor.input->setFocus();
         other->setFocus();
         QCOMPARE(editor.host.log.count(u"ExitLocus"_qs), 1);
