@@ -115,6 +115,8 @@ private slots:
             g.Rowsel() == f.RowSel() && g.Colsel() == 3);
         // The hosted default width marker -1 reads as 1000.
         ROW("COLWIDTH", (g.setCOLWIDTH(2, -1)), ({"COLWIDTH"}), g.COLWIDTH(2) == 1000);
+        ROW("cgChecked", (g.setcgChecked(2, 2, true)), (),
+            g.cgChecked(2, 2) && f.TextMatrix(2, 2) == ".");
         // Sortable reports its old spelling, FormatString also the Cols it re-applies.
         ROW("Sortable", g.setSortable(false), ({"SortAble"}), !g.Sortable());
         ROW("FormatString", g.setFormatString(QStringLiteral("|A|B|C|D|E")),
