@@ -10,6 +10,8 @@
 #include <VemoGridLib/VemoError.h>
 #include <VemoGridLib/VemoGrid.h>
 
+#include "VemoTestSupport.h"
+
 #include <QTest>
 
 #include <algorithm>
@@ -453,14 +455,9 @@ class tst_VemoGridModel : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase() // the values above are en_US ones
-    {
-        qputenv("LANG", "en_US.UTF-8");
-        qunsetenv("LC_ALL");
-        qunsetenv("LC_TIME");
-    }
+    const VemoTest::ScopedLocale m_locale{"en_US.UTF-8"}; // the values above are en_US ones
 
+private Q_SLOTS:
     void randomOperationsMatchTheModel()
     {
         const quint32 seed = fromEnvironment("VEMO_MODEL_SEED", 20261124);
