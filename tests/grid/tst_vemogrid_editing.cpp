@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // VemoGrid's editing session driven as a user drives it: the column's editor, committing with
-// the grid's events, the move keys, Esc, input methods, links, step scrolling, editor placement.
+// the grid's events, the move keys, Esc, links, step scrolling, editor placement.
 #include <VemoGridLib/CellEditor.h>
 #include <VemoGridLib/Column.h>
 #include <VemoGridLib/FlexGrid.h>
