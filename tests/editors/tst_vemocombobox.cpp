@@ -14,7 +14,6 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QRegularExpression>
-#include <QScreen>
 #include <QStandardItemModel>
 #include <QTest>
 
@@ -274,27 +273,6 @@ private slots:
         } else
             combo->hide();
         QVERIFY(!combo->IsDropDown());
-    }
-
-    void listPlacement_data()
-    {
-        QTest::addColumn<bool>("nearBottom");
-        QTest::newRow("below the control") << false;
-        QTest::newRow("above near the screen bottom") << true;
-    }
-
-    void listPlacement()
-    {
-        QFETCH(bool, nearBottom);
-        const QRect screen = form->screen()->availableGeometry();
-        form->move(screen.left() + 20, nearBottom ? screen.bottom() - 60 : screen.top() + 20);
-        addItems({"a\tb", "c\td"});
-        combo->DropDown();
-        const QRect list = grid()->window()->geometry();
-        const QRect control(combo->mapToGlobal(QPoint(0, 0)), combo->size());
-        QCOMPARE(nearBottom ? list.bottom() + 1 : list.top(),
-                 nearBottom ? control.top() : control.bottom() + 1);
-        QCOMPARE(list.left(), control.left());
     }
 
     void hundredThousandItems()
