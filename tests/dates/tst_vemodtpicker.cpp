@@ -201,15 +201,6 @@ private slots:
             QCOMPARE(picker->SelLength(), chosen.size());
     }
 
-    void receiverKeepsAltDown()
-    {
-        host.onKeyDown = [](short& code) {
-            code = code == 40 ? 0 : code;
-        };
-        QTest::keyClick(field(), Qt::Key_Down, Qt::AltModifier);
-        QVERIFY(!picker->IsDropDown());
-    }
-
     void closing_data()
     {
         QTest::addColumn<QString>("how");
