@@ -77,7 +77,6 @@ private slots:
         QTest::addColumn<int>("height");
         QTest::addColumn<bool>("lunarAfterDrawing");
         QTest::newRow("simplified lunar") << QByteArray("zh_CN.UTF-8") << true << 167 << true;
-        QTest::newRow("traditional lunar") << QByteArray("zh_TW.UTF-8") << true << 167 << true;
         QTest::newRow("simplified plain") << QByteArray("zh_CN.UTF-8") << false << 127 << false;
         QTest::newRow("English clears lunar") << QByteArray("en_US.UTF-8") << true << 127 << false;
     }
