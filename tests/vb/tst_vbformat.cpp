@@ -39,13 +39,11 @@ private slots:
                 << value << f << locales << QString::fromUtf16(text);
         };
         row(0.1 + 0.2, u"", u"0.3");
-        row(1e15, u"General Number", u"1E+15");
         row(-0.0, u"\"pos\";\"neg\";\"zero\"", u"zero");
         row(-5, u"0;;\"zero\"", u"-5");
         row(-0.001, u"0.00;(0.00)", u"(0.00)");
         row(-1, u"\"a;b\"0\\;", u"-a;b1;");
         row(12345678901234567.0, u"0", u"12345678901234600");
-        row(9.9999999, u"#0.000000", u"10.000000"); // rounding carries
         row(0.00099, u"#.##", u".");
         row(1.005, u"0.00", u"1.01"); // half away from zero on the decimal text
         row(1234567, u"#,##0, \"K\"", u"1,235 K");
@@ -58,21 +56,14 @@ private slots:
         row(-5, u"$#,##0.00", u"-$5.00");
         row(5, u"0\"ab", u"5ab");
         row(1, u"<&>&", u"1");
-        row(1234567.891, u"standard", u"1,234,567.89");
-        row(-1, u"True/False", u"True");
-        row(u"testing"_s, u"\\x@\\x@", u"xtxesting");
         row(u"abc"_s, u"!@@@@@", u"abc  ");
         row(u"5551234567"_s, u"(@@@) @@@-@@@@", u"(555) 123-4567");
         row(u"stra\u00DFe"_s, u">", u"STRA\u00DFE");
         row(u""_s, u"@;\"empty\"", u"empty");
-        row(u"6,90"_s, u"###,##0.00", u"690.00");
-        row(u"1e400"_s, u"0", u"1e400");
         row(u" 12 "_s, u"", u" 12 ");
-        row(u"$5"_s, u"0.00", u"$5", Zh);
         row(u"-1"_s, u"Currency", u"($1.00)");
         row(u"-1"_s, u"Currency", u"-\u00A51.00", Zh);
         row(u"39697.11"_s, u"mm-dd-yy", u"09-06-08");
-        row(u"2024-2-3"_s, u"yyyymmddHhNnSs", u"20240203000000");
         row(u"1e10"_s, u"yyyy", u"1e10");
         const QDateTime ref = dt(1900, 1, 1, 12, 36); // serial 2.525, a Monday
         row(ref, u"d dd w ww q y yy yyy yyyy", u"1 01 2 1 1 1 00 001 1900", Both);
@@ -88,17 +79,11 @@ private slots:
         row(ref, u"ddddd|dddddd", u"1/1/1900|Monday, January 01, 1900");
         row(dt(2024, 2, 3, 0, 36), u"h AM/PM am/pm Am/Pm AMPM a/p", u"12 AM am Am AM a");
         row(dt(2024, 2, 3, 13, 5), u"h AM/PM AMPM A/P", u"1 下午 下午 P", Zh);
-        row(dt(2024, 12, 31), u"ww y", u"53 366");
         row(QDateTime(QDate(2024, 2, 3), QTime(23, 59, 59, 500), Qt::UTC), u"yyyy-mm-dd hh:nn:ss",
             u"2024-02-04 00:00:00");
         row(ref, u"0.00;yyyy", u"2.53"); // a number format shows the serial
         row(dt(2024, 2, 3, 12), u"@@@@@@@@@@@@@@@@@@@@@", u" 2/3/2024 12:00:00 PM");
-        const QDateTime morning = dt(2024, 2, 3, 1, 5, 9);
-        row(ref, u"Medium Date", u"01-Jan-00");
-        row(morning, u"Long Time", u"1:05:09", Zh);
-        row(ref, u"Medium Time", u"12:36 下午", Zh);
-        row(morning, u"SHORT TIME", u"01:05");
-        row(dt(2024, 12, 25, 12), u"", u"12/25/2024 12:00:00 PM");
+        row(dt(2024, 2, 3, 1, 5, 9), u"SHORT TIME", u"01:05");
         row(dt(2024, 2, 3, 13, 5, 9), u"general date", u"2024/2/3 13:05:09", Zh);
         row(dt(2024, 2, 3), u"", u"2/3/2024"); // the general date: no time at midnight
         row(dt(1899, 12, 30, 13, 5, 9), u"", u"1:05:09 PM"); // and no date on day 0
