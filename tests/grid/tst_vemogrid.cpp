@@ -115,6 +115,11 @@ private slots:
             g.Rowsel() == f.RowSel() && g.Colsel() == 3);
         // The hosted default width marker -1 reads as 1000.
         ROW("COLWIDTH", (g.setCOLWIDTH(2, -1)), ({"COLWIDTH"}), g.COLWIDTH(2) == 1000);
+        ROW("cell geometry", g.hostedGrid()->setRow(2), (),
+            g.CellLeft() == f.CellLeft() && g.CellTop() == f.CellTop() &&
+                g.CellWidth() == f.CellWidth() && g.CellHeight() == f.CellHeight() &&
+                g.RowIsVisible(2) && g.ColIsVisible(1) && g.MouseRow() == f.MouseRow() &&
+                g.MouseCol() == f.MouseCol() && g.Picture().size() == f.Picture().size());
         ROW("cgChecked", (g.setcgChecked(2, 2, true)), (),
             g.cgChecked(2, 2) && f.TextMatrix(2, 2) == ".");
         // Sortable reports its old spelling, FormatString also the Cols it re-applies.
@@ -511,7 +516,6 @@ private slots:
         QCOMPARE(columnTexts(*m_grid, KeyCol), sorts ? QStringList({"1", "2", "3"}) : keys);
         clickCell(*m_grid, row, KeyCol);
         QCOMPARE(columnTexts(*m_grid, KeyCol), sorts ? QStringList({"3", "2", "1"}) : keys);
-        QCOMPARE(arrowOf(*m_grid, KeyCol).isNull(), !sorts);
     }
 
     void calcOperator_data()
@@ -528,7 +532,6 @@ private slots:
         // VB's Trim removes spaces only: a leading TAB is the operator.
         row("TAB then *", "\t*", "\t", "en_US.UTF-8", "Operator ERROR");
         row("blanks, zh_CN", "  ", "", "zh_CN.UTF-8", "运算符错误!");
-        row("%, zh_TW", "%", "%", "zh_TW.UTF-8", "運算符錯誤!");
     }
 
     void calcOperator()
