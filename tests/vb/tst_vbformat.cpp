@@ -60,10 +60,12 @@ private slots:
         row(u"5551234567"_s, u"(@@@) @@@-@@@@", u"(555) 123-4567");
         row(u"stra\u00DFe"_s, u">", u"STRA\u00DFE");
         row(u""_s, u"@;\"empty\"", u"empty");
+        row(u"1e400"_s, u"0", u"1e400");
         row(u" 12 "_s, u"", u" 12 ");
         row(u"-1"_s, u"Currency", u"($1.00)");
         row(u"-1"_s, u"Currency", u"-\u00A51.00", Zh);
         row(u"39697.11"_s, u"mm-dd-yy", u"09-06-08");
+        row(u"2024-2-3"_s, u"yyyymmddHhNnSs", u"20240203000000");
         row(u"1e10"_s, u"yyyy", u"1e10");
         const QDateTime ref = dt(1900, 1, 1, 12, 36); // serial 2.525, a Monday
         row(ref, u"d dd w ww q y yy yyy yyyy", u"1 01 2 1 1 1 00 001 1900", Both);
