@@ -161,7 +161,6 @@ void tst_FlexGrid::badInputRaises_data()
     add("TextMatrix row Rows", flexerrSubscriptOutOfRange, "", [](G& g) { g.TextMatrix(5, 0); });
     add("TextMatrix col -1", flexerrSubscriptOutOfRange, "",
         [](G& g) { g.setTextMatrix(1, -1, ""); });
-    add("Row Rows", flexerrBadRow, "", [](G& g) { g.setRow(5); });
     add("Col -1", flexerrBadCol, "", [](G& g) { g.setCol(-1); });
     add("ColWidth -2", flexerrBadColWidth, "", [](G& g) { g.setColWidth(1, -2); });
     add("RowHeight -2", flexerrBadRowHeight, "", [](G& g) { g.setRowHeight(1, -2); });
@@ -175,7 +174,6 @@ void tst_FlexGrid::badInputRaises_data()
     add("ColPosition bad col", flexerrSubscriptOutOfRange, "",
         [](G& g) { g.setColPosition(4, 1); });
     add("Text without rows", flexerrBadRow, "Rows=0", [](G& g) { g.setText("x"); });
-    add("CellBackColor without rows", flexerrBadRow, "Rows=0", [](G& g) { g.CellBackColor(); });
     add("CellFontSize 0", flexerrInvalidPropertyValue, "", [](G& g) { g.setCellFontSize(0); });
     add("CellFontWidth -1", flexerrInvalidPropertyValue, "", [](G& g) { g.setCellFontWidth(-1); });
     // Enumerated properties: the values just out of range and the last one in range.
