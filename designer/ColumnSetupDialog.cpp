@@ -2,6 +2,7 @@
 #include "ColumnSetupDialog.h"
 
 #include <VemoGridLib/ColumnSetup.h>
+#include <VemoGridLib/VemoError.h>
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -76,19 +77,47 @@ public:
     }
 };
 
-/// A number cell: empty (or not a number) is `fallback`.
-int whole(const QStandardItem* item, int fallback)
+/// The settings a new column starts with; an empty cell stands for them.
+const ColumnSettings& defaults()
 {
-    bool ok = false;
-    const int value = item->text().trimmed().toInt(&ok);
-    return ok ? value : fallback;
+    static const ColumnSettings settings;
+    return settings;
 }
 
+/// A cell that should hold a number but does not, named by its row and table column.
+[[noreturn]] void refuseNumber(const QStandardItem* item, const char* kind)
+{
+    throw VemoError(VemoError::InvalidProcedureCall,
+                    QStringLiteral("Row %1, %2: \"%3\" is not %4")
+                        .arg(item->row() + 1)
+                        .arg(QString::fromLatin1(QMetaEnum::fromType<Field>().key(item->column())),
+                             item->text(), QLatin1StringView(kind)));
+}
+
+/// A whole-number cell: empty is `fallback`.
+int whole(const QStandardItem* item, int fallback)
+{
+    const QString text = item->text().trimmed();
+    if (text.isEmpty())
+        return fallback;
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    if (!ok)
+        refuseNumber(item, "a whole number");
+    return value;
+}
+
+/// A number cell: empty is no value.
 std::optional<double> decimal(const QStandardItem* item)
 {
+    const QString text = item->text().trimmed();
+    if (text.isEmpty())
+        return std::nullopt;
     bool ok = false;
-    const double value = item->text().trimmed().toDouble(&ok);
-    return ok ? std::optional(value) : std::nullopt;
+    const double value = text.toDouble(&ok);
+    if (!ok)
+        refuseNumber(item, "a number");
+    return value;
 }
 
 QString numberText(int value, int fallback)
@@ -123,9 +152,9 @@ QList<QStandardItem*> rowOf(const ColumnSettings& s)
     };
     text(Field::Col, QString::number(s.Col));
     text(Field::Header, s.Header);
-    text(Field::Width, numberText(s.Width, -1));
+    text(Field::Width, numberText(s.Width, defaults().Width));
     text(Field::ColType, choicesOf(Field::ColType).value(s.ColType));
-    text(Field::DecimalLength, numberText(s.DecimalLength, -1));
+    text(Field::DecimalLength, numberText(s.DecimalLength, defaults().DecimalLength));
     text(Field::FormatString, s.FormatString);
     text(Field::MinValue, decimalText(s.MinValue));
     text(Field::MaxValue, decimalText(s.MaxValue));
@@ -135,9 +164,9 @@ QList<QStandardItem*> rowOf(const ColumnSettings& s)
     text(Field::SortType, choicesOf(Field::SortType).value(s.SortType));
     text(Field::Items, s.Items.join(u'\n'));
     text(Field::ListHeader, s.ListHeader);
-    text(Field::ListWidth, numberText(s.ListWidth, -1));
-    text(Field::VisibleRows, numberText(s.VisibleRows, 12));
-    text(Field::SelectCol, numberText(s.SelectCol, 0));
+    text(Field::ListWidth, numberText(s.ListWidth, defaults().ListWidth));
+    text(Field::VisibleRows, numberText(s.VisibleRows, defaults().VisibleRows));
+    text(Field::SelectCol, numberText(s.SelectCol, defaults().SelectCol));
     check(Field::ShowHeader, s.ShowHeader);
     check(Field::AutoDropDown, s.AutoDropDown);
     check(Field::HotTracking, s.HotTracking);
@@ -156,9 +185,9 @@ ColumnSettings settingsOf(const QStandardItemModel& model, int row)
     ColumnSettings s;
     s.Col = whole(item(Field::Col), row + 1);
     s.Header = item(Field::Header)->text();
-    s.Width = whole(item(Field::Width), -1);
+    s.Width = whole(item(Field::Width), defaults().Width);
     s.ColType = VemoGridColType(choiceOf(item(Field::ColType), Field::ColType));
-    s.DecimalLength = whole(item(Field::DecimalLength), -1);
+    s.DecimalLength = whole(item(Field::DecimalLength), defaults().DecimalLength);
     s.FormatString = item(Field::FormatString)->text();
     s.MinValue = decimal(item(Field::MinValue));
     s.MaxValue = decimal(item(Field::MaxValue));
@@ -169,9 +198,9 @@ ColumnSettings settingsOf(const QStandardItemModel& model, int row)
     const QString items = item(Field::Items)->text();
     s.Items = items.isEmpty() ? QStringList() : items.split(u'\n');
     s.ListHeader = item(Field::ListHeader)->text();
-    s.ListWidth = whole(item(Field::ListWidth), -1);
-    s.VisibleRows = whole(item(Field::VisibleRows), 12);
-    s.SelectCol = whole(item(Field::SelectCol), 0);
+    s.ListWidth = whole(item(Field::ListWidth), defaults().ListWidth);
+    s.VisibleRows = whole(item(Field::VisibleRows), defaults().VisibleRows);
+    s.SelectCol = whole(item(Field::SelectCol), defaults().SelectCol);
     s.ShowHeader = checked(Field::ShowHeader);
     s.AutoDropDown = checked(Field::AutoDropDown);
     s.HotTracking = checked(Field::HotTracking);
@@ -238,8 +267,13 @@ QStandardItemModel* ColumnSetupDialog::model() const
 void ColumnSetupDialog::addRow()
 {
     ColumnSettings column;
-    for (int row = 0; row < m_model->rowCount(); ++row)
-        column.Col = std::max(column.Col, whole(m_model->item(row, Col), 0) + 1);
+    // A slot: a column number that does not read is passed over here and refused on OK.
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        bool ok = false;
+        const int col = m_model->item(row, Col)->text().trimmed().toInt(&ok);
+        if (ok)
+            column.Col = std::max(column.Col, col + 1);
+    }
     m_model->appendRow(rowOf(column));
 }
 
@@ -254,8 +288,8 @@ void ColumnSetupDialog::removeSelectedRows()
 
 void ColumnSetupDialog::accept()
 {
-    // A setting the column type refuses (decimals of a currency column, say) only shows when the
-    // text is read back.
+    // A number cell that does not read, or a setting the column type refuses (decimals of a
+    // currency column, say), shows when the table is turned into text and read back.
     try {
         parseColumnSetup(text());
     } catch (const std::exception& error) {

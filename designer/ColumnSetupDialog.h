@@ -50,7 +50,8 @@ public:
 
     /// Fills the table from a `ColumnSetup` text; throws VemoError on a text that does not read.
     void setText(const QString& text);
-    /// The table as a `ColumnSetup` text; a number that does not read counts as left empty.
+    /// The table as a `ColumnSetup` text; throws VemoError naming the row and table column of a
+    /// number cell that does not read.
     QString text() const;
     /// The table's model, one item per cell.
     QStandardItemModel* model() const;

@@ -3,6 +3,7 @@
 #include "ColumnSetupDialog.h"
 
 #include <VemoGridLib/ColumnSetup.h>
+#include <VemoGridLib/VemoError.h>
 #include <VemoGridLib/VemoGrid.h>
 
 #include <QDesignerFormEditorInterface>
@@ -166,6 +167,21 @@ private slots:
         else
             QVERIFY(model.setData(model.index(row, field), value));
         QCOMPARE(dialog.text(), formatColumnSetup(parseColumnSetup(expected)));
+    }
+
+    // A number cell that does not read is named, not dropped as if it were empty.
+    void columnSetupDialogRefusesUnreadableNumbers()
+    {
+        ColumnSetupDialog dialog;
+        dialog.setText(u"1 Header=A\n2 Header=B"_qs);
+        QStandardItemModel& model = *dialog.model();
+        QVERIFY(model.setData(model.index(1, ColumnSetupDialog::MinValue), u"1,5"_qs));
+        try {
+            dialog.text();
+            QFAIL("the table was read");
+        } catch (const VemoError& error) {
+            QCOMPARE(error.description(), u"Row 2, MinValue: \"1,5\" is not a number"_qs);
+        }
     }
 };
 
