@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The "Edit Columns..." dialog of the grid's design-time menu.
+// The "Edit Columns…" dialog of the grid's design-time menu.
 #pragma once
 
 #include <QDialog>

@@ -129,7 +129,7 @@ VemoWidgetCollection::VemoWidgetCollection(QObject* parent)
              u"vemogrid.png"_qs,
              tr("Data-entry grid"),
              tr("A grid for entering rows of data: each column edits its cells as text, number, "
-                "check box, list, date or button. Right-click it and choose Edit Columns... to "
+                "check box, list, date or button. Right-click it and choose Edit Columns… to "
                 "set up the columns."),
              QSize(400, 200),
              {u"FormatString"_qs, u"AutoCalcOPE"_qs},
@@ -178,7 +178,7 @@ QList<QDesignerCustomWidgetInterface*> VemoWidgetCollection::customWidgets() con
 GridTaskMenu::GridTaskMenu(VemoGrid* grid, QObject* parent)
     : QObject(parent)
     , m_grid(grid)
-    , m_editColumns(new QAction(tr("Edit Columns..."), this))
+    , m_editColumns(new QAction(tr("Edit Columns…"), this))
 {
     connect(m_editColumns, &QAction::triggered, this, &GridTaskMenu::editColumns);
 }

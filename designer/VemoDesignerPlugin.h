@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The Qt Designer plugin: the grid, the combo box and the date picker in Designer's widget box,
-// and the grid's "Edit Columns..." task menu.
+// and the grid's "Edit Columns…" task menu.
 #pragma once
 
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
@@ -73,7 +73,7 @@ private:
     QList<QDesignerCustomWidgetInterface*> m_widgets;
 };
 
-/// The grid's task menu: "Edit Columns..." opens the column setup dialog and writes the result
+/// The grid's task menu: "Edit Columns…" opens the column setup dialog and writes the result
 /// back through the form window's cursor, so the change can be undone and is saved.
 class GridTaskMenu : public QObject, public QDesignerTaskMenuExtension
 {

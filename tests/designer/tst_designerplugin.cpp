@@ -109,7 +109,7 @@ private slots:
             auto* const menu =
                 qt_extension<QDesignerTaskMenuExtension*>(core.extensionManager(), grid);
             QVERIFY(menu);
-            QCOMPARE(menu->preferredEditAction()->text(), u"Edit Columns..."_qs);
+            QCOMPARE(menu->preferredEditAction()->text(), u"Edit Columns…"_qs);
         }
     }
 
