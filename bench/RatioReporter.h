@@ -110,11 +110,13 @@ public:
         std::printf("%s (target: %s): not measured\n", line.c_str(), target.c_str());
     }
 
-    /// Prints "<line> (target: <target>)" with its verdict, `measured` below `limit`; a value of
-    /// 0 or less is a benchmark that did not run.
-    void printBelow(const std::string& line, const std::string& target, double measured,
-                    double limit)
+    /// Prints `format` with `measured` in its one conversion (such as "%.1f us"), then
+    /// "(target: <target>)" with its verdict, `measured` below `limit`; a value of 0 or less is a
+    /// benchmark that did not run.
+    void printBelow(const char* format, double measured, double limit, const std::string& target)
     {
+        char line[160];
+        std::snprintf(line, sizeof line, format, measured);
         if (measured <= 0.0)
             printNotMeasured(line, target);
         else

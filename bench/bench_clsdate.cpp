@@ -2,6 +2,7 @@
 // clsDate against ICU's Chinese calendar, converting every supported day.
 #include <VemoGridLib/clsDate.h>
 
+#include "BenchProgram.h"
 #include "RatioReporter.h"
 
 #include <benchmark/benchmark.h>
@@ -113,6 +114,19 @@ int countDisagreements(const std::vector<GregorianDay>& days)
     return disagreements;
 }
 
+void printResults(const RatioReporter& reporter, const std::vector<GregorianDay>& days)
+{
+    const double ours = reporter.seconds("clsDate/every_day");
+    const double icu = reporter.seconds("ICU_chinese/every_day");
+    std::printf("\n%zu days, 1900-01-31..2100-12-31, per day: clsDate %.1f ns, ICU %.1f ns\n",
+                days.size(), ours * 1e9 / double(days.size()), icu * 1e9 / double(days.size()));
+    if (ours > 0.0 && icu > 0.0)
+        std::printf("clsDate vs ICU: %s (CPU time)\n",
+                    RatioReporter::comparison(ours, icu).c_str());
+    std::printf("days where clsDate and ICU disagree (month, day or leap flag): %d\n",
+                countDisagreements(days));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -123,21 +137,8 @@ int main(int argc, char** argv)
     benchmark::RegisterBenchmark("ICU_chinese/every_day", convertEveryDay<IcuConverter>, days)
         ->Unit(benchmark::kMillisecond);
 
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-
-    const double ours = reporter.seconds("clsDate/every_day");
-    const double icu = reporter.seconds("ICU_chinese/every_day");
-    std::printf("\n%zu days, 1900-01-31..2100-12-31, per day: clsDate %.1f ns, ICU %.1f ns\n",
-                days.size(), ours * 1e9 / double(days.size()), icu * 1e9 / double(days.size()));
-    if (ours > 0.0 && icu > 0.0)
-        std::printf("clsDate vs ICU: %s (CPU time)\n",
-                    RatioReporter::comparison(ours, icu).c_str());
-    std::printf("days where clsDate and ICU disagree (month, day or leap flag): %d\n",
-                countDisagreements(days));
+    BenchProgram program(argc, argv, BenchProgram::Platform::None);
+    program.run(RatioReporter::Clock::Cpu,
+                [&](const RatioReporter& reporter) { printResults(reporter, days); });
     return 0;
 }

@@ -21,6 +21,7 @@
 #include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/VemoComboBox.h>
 
+#include "BenchProgram.h"
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"
 
@@ -302,10 +303,8 @@ void printResults(RatioReporter& reporter)
                 "CellComboSelect, repaint):\n");
     std::printf("  %-34s %10.3f ms\n", "median", median);
     std::printf("  %-34s %10.3f ms\n", "slowest", reporter.counter(typing, "max_ms"));
-    char line[96];
-    std::snprintf(line, sizeof line, "typing in 100,000 items: median %.3f ms per character",
-                  median);
-    reporter.printBelow(line, "under 2 ms", median, 2.0);
+    reporter.printBelow("typing in 100,000 items: median %.3f ms per character", median, 2.0,
+                        "under 2 ms");
 
     std::printf("\n");
     reporter.printTargetTally();
@@ -323,18 +322,9 @@ void quietPlatformNotes(QtMsgType type, const QMessageLogContext& context, const
 
 int main(int argc, char** argv)
 {
-    // The windows are shown and activated, but no display is needed for that.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     previousHandler = qInstallMessageHandler(quietPlatformNotes);
-    benchmark::Initialize(&argc, argv);
-    QApplication application(argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
+    BenchProgram program(argc, argv, BenchProgram::Platform::OffscreenUnlessSet);
     registerBenchmarks();
-    RatioReporter reporter(RatioReporter::Clock::Real);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    printResults(reporter);
+    program.run(RatioReporter::Clock::Real, printResults);
     return 0;
 }

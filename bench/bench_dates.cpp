@@ -11,12 +11,12 @@
 #include <VemoGridLib/VemoCalendar.h>
 #include <VemoGridLib/VemoDTPicker.h>
 
+#include "BenchProgram.h"
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QImage>
 #include <QTest>
@@ -124,9 +124,7 @@ void printResults(RatioReporter& reporter)
     std::printf(
         "\nOpening the date picker's calendar (BeginDropDown through one event-loop turn):\n");
     std::printf("  %-34s %10.3f ms\n", "median", median);
-    char line[96];
-    std::snprintf(line, sizeof line, "open the picker's calendar: median %.3f ms", median);
-    reporter.printBelow(line, "under 5 ms", median, 5.0);
+    reporter.printBelow("open the picker's calendar: median %.3f ms", median, 5.0, "under 5 ms");
     std::printf("\n");
     reporter.printTargetTally();
 }
@@ -135,21 +133,12 @@ void printResults(RatioReporter& reporter)
 
 int main(int argc, char** argv)
 {
-    // The windows are shown and activated, but no display is needed for that; lunar texts are
-    // drawn in the Chinese text sets.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Lunar texts are drawn in the Chinese text sets.
     qputenv("LC_ALL", "zh_CN.UTF-8");
-    benchmark::Initialize(&argc, argv);
-    QApplication application(argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
+    BenchProgram program(argc, argv, BenchProgram::Platform::OffscreenUnlessSet);
     benchmark::RegisterBenchmark(drawVemo, vemoCalendarDraw)->UseManualTime()->Iterations(20);
     benchmark::RegisterBenchmark(drawPeer, qCalendarWidgetDraw)->UseManualTime()->Iterations(20);
     benchmark::RegisterBenchmark(openPicker, pickerOpen)->UseManualTime()->Iterations(1);
-    RatioReporter reporter(RatioReporter::Clock::Real);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    printResults(reporter);
+    program.run(RatioReporter::Clock::Real, printResults);
     return 0;
 }

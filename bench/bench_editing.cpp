@@ -16,6 +16,7 @@
 #include <VemoGridLib/VemoEnums.h>
 #include <VemoGridLib/VemoGrid.h>
 
+#include "BenchProgram.h"
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"
 
@@ -526,10 +527,8 @@ void printResults(RatioReporter& reporter)
         reporter.counter(benchmarkName(openScenario, enterMoveName), "median_us");
     std::printf("  %-34s %10.1f us\n", "click on a data cell", clickOpen);
     std::printf("  %-34s %10.1f us\n", "Enter on an unchanged cell", enterMove);
-    char line[96];
-    std::snprintf(line, sizeof line, "open editor: click on a data cell, median %.1f us",
-                  clickOpen);
-    reporter.printBelow(line, "under 50 us", clickOpen, 50.0);
+    reporter.printBelow("open editor: click on a data cell, median %.1f us", clickOpen, 50.0,
+                        "under 50 us");
 
     std::printf("\n");
     reporter.printTargetTally();
@@ -539,17 +538,8 @@ void printResults(RatioReporter& reporter)
 
 int main(int argc, char** argv)
 {
-    // The windows are shown and activated, but no display is needed for that.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    benchmark::Initialize(&argc, argv);
-    QApplication application(argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
+    BenchProgram program(argc, argv, BenchProgram::Platform::OffscreenUnlessSet);
     registerBenchmarks();
-    RatioReporter reporter(RatioReporter::Clock::Real);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    printResults(reporter);
+    program.run(RatioReporter::Clock::Real, printResults);
     return 0;
 }

@@ -6,12 +6,12 @@
 #include <VemoGridLib/FlexGrid.h>
 #include <VemoGridLib/VemoGrid.h>
 
+#include "BenchProgram.h"
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QDate>
 #include <QFile>
 #include <QFileInfo>
@@ -227,10 +227,8 @@ void printResults(RatioReporter& reporter)
     reporter.printComparison("XLSX: ExportToXlsx vs a libxlsxwriter loop over the model", xlsxVemo,
                              xlsxPeer);
     reporter.printComparison("CSV: ExportToCsv vs QTextStream over the model", csvVemo, csvPeer);
-    char line[96];
-    const double seconds = reporter.seconds(xlsxVemo);
-    std::snprintf(line, sizeof line, "ExportToXlsx of 100,000 x 10: %.2f s", seconds);
-    reporter.printBelow(line, "under 2 s", seconds, 2.0);
+    reporter.printBelow("ExportToXlsx of 100,000 x 10: %.2f s", reporter.seconds(xlsxVemo), 2.0,
+                        "under 2 s");
     std::printf("\n");
     reporter.printTargetTally();
 }
@@ -239,14 +237,9 @@ void printResults(RatioReporter& reporter)
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     // The grid reads its numbers and dates in the en-US rules.
     qputenv("LC_ALL", "en_US.UTF-8");
-    benchmark::Initialize(&argc, argv);
-    QApplication application(argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
+    BenchProgram program(argc, argv, BenchProgram::Platform::OffscreenUnlessSet);
     QTemporaryDir directory;
     const std::unique_ptr<VemoGrid> grid = makeGrid();
     const std::unique_ptr<QStandardItemModel> model = makeModel();

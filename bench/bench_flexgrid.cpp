@@ -8,13 +8,13 @@
 #include <VemoGridLib/OleColor.h>
 #include <VemoGridLib/Twips.h>
 
+#include "BenchProgram.h"
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QAbstractTableModel>
-#include <QApplication>
 #include <QBrush>
 #include <QHeaderView>
 #include <QImage>
@@ -1200,18 +1200,12 @@ int main(int argc, char** argv)
 {
     // Every frame is rendered into a QImage; the offscreen platform makes that independent of
     // any display.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    benchmark::Initialize(&argc, argv);
-    QApplication application(argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
+    BenchProgram program(argc, argv, BenchProgram::Platform::Offscreen);
 
     const std::vector<double> keys = randomKeys(bigRows);
     const CellGeometry geometry = flexGridGeometry();
     registerBenchmarks(keys, geometry);
-    RatioReporter reporter(RatioReporter::Clock::Real);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    printResults(reporter, geometry);
+    program.run(RatioReporter::Clock::Real,
+                [&](RatioReporter& reporter) { printResults(reporter, geometry); });
     return 0;
 }

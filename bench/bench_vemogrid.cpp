@@ -12,13 +12,13 @@
 #include <VemoGridLib/OleColor.h>
 #include <VemoGridLib/VemoEnums.h>
 
-#include "flexgrid/FlexGrid_p.h"
+#include "BenchProgram.h"
 #include "RatioReporter.h"
 #include "ThreadCpuTimer.h"
+#include "flexgrid/FlexGrid_p.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QByteArray>
 #include <QDate>
 #include <QFile>
@@ -1002,11 +1002,7 @@ void printResults(RatioReporter& reporter)
 int main(int argc, char** argv)
 {
     // No display is needed: nothing is shown, and the offscreen platform keeps it that way.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    benchmark::Initialize(&argc, argv);
-    QApplication application(argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
+    BenchProgram program(argc, argv, BenchProgram::Platform::Offscreen);
 
     QTemporaryDir directory;
     if (!directory.isValid()) {
@@ -1015,10 +1011,9 @@ int main(int argc, char** argv)
     }
     const std::vector<QString> cells = addedCells();
     registerBenchmarks(directory.path(), cells);
-    RatioReporter reporter(RatioReporter::Clock::Real);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    sortFixture.reset();
-    printResults(reporter);
+    program.run(RatioReporter::Clock::Real, [](RatioReporter& reporter) {
+        sortFixture.reset();
+        printResults(reporter);
+    });
     return 0;
 }
